@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// The grid model: columns, rows, cell texts and colours. The program's data lives in these.
+#pragma once
+
+#include "controls/color.h"
+#include "controls/pattern_table.h"
+#include "controls/row_ids.h"
+#include "controls/twips.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace controls {
+
+/// A grid of rows and columns, both counted from 1.
+///
+/// A row costs one byte as long as the grid has at most 256 different rows apart from their serial
+/// numbers: it keeps the number of a pattern, and the pattern keeps texts and colours. Any single
+/// cell can still be written; the row then moves to another pattern.
+class Grid {
+public:
+    struct ColumnState {
+        std::string Caption;
+        Twips Width = 0;
+        int Alignment = 0; ///< 0 left, 2 centred
+    };
+
+    /// The row that was asked into view last, and how often one was asked for.
+    struct ScrollRequest {
+        std::int64_t row = 0;
+        std::uint64_t count = 0;
+    };
+
+    /// A row to be read. Valid until the grid changes.
+    class ConstRowRef {
+    public:
+        ConstRowRef(const Grid& grid, std::int64_t row) : grid_(grid), row_(row) {}
+        /// The cell's text; it stays valid whatever is written afterwards.
+        std::string Cell(int column) const;
+        std::optional<Color> CellColor(int column) const;
+        std::optional<Color> RowColor() const;
+
+    private:
+        const Grid& grid_;
+        std::int64_t row_;
+    };
+
+    /// A row to be read and written. Every write throws std::bad_alloc if memory can't hold the
+    /// result; the row is then as it was.
+    class RowRef : public ConstRowRef {
+    public:
+        RowRef(Grid& grid, std::int64_t row) : ConstRowRef(grid, row), grid_(grid), row_(row) {}
+        using ConstRowRef::Cell;
+        using ConstRowRef::CellColor;
+        using ConstRowRef::RowColor;
+        void Cell(int column, std::string_view text);
+        void CellColor(int column, Color color);
+        void RowColor(Color color);
+
+    private:
+        Grid& grid_;
+        std::int64_t row_;
+    };
+
+    /// Adds a column at the right. The key is never looked at.
+    void AddColumn(std::string_view key, std::string_view caption, Twips width, int alignment);
+    int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    ColumnState& Column(int column) { return columns_[static_cast<std::size_t>(column - 1)]; }
+    const ColumnState& Column(int column) const {
+        return columns_[static_cast<std::size_t>(column - 1)];
+    }
+
+    /// Appends a bare row with `text` in column 1.
+    void AddRow(std::string_view text);
+    /// Appends a row that looks like `pattern`.
+    void AddRow(const RowPattern& pattern) { AddPattern(Intern(pattern)); }
+    /// Takes the last row off; `row` is its number, and no other row can be removed.
+    void RemoveRow(std::int64_t row);
+    /// Takes all rows off. Columns with their captions and widths stay.
+    void Clear();
+    std::int64_t RowCount() const { return ids_.size(); }
+    RowRef Row(std::int64_t row) { return {*this, row}; }
+    ConstRowRef Row(std::int64_t row) const { return {*this, row}; }
+
+    int GridLines = 0; ///< 0 none, 3 lines
+    Twips Width = 0;
+    bool MustUpdate = true;
+    int DisplayMode = 0;
+
+    void ScrollRow(std::int64_t row) { scroll_ = {row, scroll_.count + 1}; }
+    const ScrollRequest& ScrollRow() const { return scroll_; }
+    void Refresh() { ++refreshes_; }
+    std::uint64_t Refreshes() const { return refreshes_; }
+
+    // Ready-made rows. A pattern's number stays valid as long as Generation() stays the same.
+
+    /// The number of a pattern with this content. It may drop patterns that no row uses, so the
+    /// number has to be used for a row before the next call.
+    PatternId Intern(const RowPattern& pattern);
+    const RowPattern& Pattern(PatternId id) const { return patterns_[id]; }
+    PatternId PatternOf(std::int64_t row) const { return ids_[row - 1]; }
+    std::uint64_t Generation() const { return generation_; }
+    std::size_t PatternCount() const { return patterns_.live(); }
+    /// Room for one more row: a following AddPattern can't fail. Throws std::bad_alloc.
+    void ReserveRow() { ids_.reserveOne(); }
+    void AddPattern(PatternId id) { ids_.push_back(id); }
+    void SetPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
+    RowIds& Ids() { return ids_; }
+    const RowIds& Ids() const { return ids_; }
+
+private:
+    void dropUnused();
+
+    std::vector<ColumnState> columns_;
+    PatternTable patterns_;
+    RowIds ids_;
+    ScrollRequest scroll_;
+    std::uint64_t refreshes_ = 0;
+    std::uint64_t generation_ = 1;
+};
+
+} // namespace controls

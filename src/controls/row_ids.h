@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// One pattern number per row, in as few bytes as the largest number needs.
+#pragma once
+
+#include "controls/chunked.h"
+
+#include <cstdint>
+#include <limits>
+#include <variant>
+
+namespace controls {
+
+/// A column of numbers, one byte each as long as they fit, then two or four. It never narrows.
+class RowIds {
+public:
+    std::int64_t size() const {
+        return std::visit([](const auto& ids) { return ids.size(); }, ids_);
+    }
+
+    std::uint32_t operator[](std::int64_t index) const {
+        return std::visit([&](const auto& ids) -> std::uint32_t { return ids[index]; }, ids_);
+    }
+
+    /// The largest number that fits without widening.
+    std::uint32_t capacity() const {
+        return std::visit(
+            []<class T>(const Chunked<T>&) -> std::uint32_t {
+                return std::numeric_limits<T>::max();
+            },
+            ids_);
+    }
+
+    /// Puts every number into the next wider form. Throws std::bad_alloc and leaves everything as
+    /// it was.
+    void widen();
+
+    void reserveOne() {
+        std::visit([](auto& ids) { ids.reserveOne(); }, ids_);
+    }
+    /// `id` must fit (see capacity()). Throws std::bad_alloc and leaves everything as it was.
+    void push_back(std::uint32_t id) {
+        std::visit(
+            [&]<class T>(Chunked<T>& ids) { ids.push_back(static_cast<T>(id)); }, ids_);
+    }
+    void set(std::int64_t index, std::uint32_t id) {
+        std::visit(
+            [&]<class T>(Chunked<T>& ids) { ids.set(index, static_cast<T>(id)); }, ids_);
+    }
+    void pop_back() {
+        std::visit([](auto& ids) { ids.pop_back(); }, ids_);
+    }
+    void clear() { ids_ = Chunked<std::uint8_t>(); }
+
+    /// Calls `visitor` with the chunks as they are stored, whichever width that is.
+    template <class Visitor>
+    decltype(auto) visit(Visitor&& visitor) {
+        return std::visit(visitor, ids_);
+    }
+    template <class Visitor>
+    decltype(auto) visit(Visitor&& visitor) const {
+        return std::visit(visitor, ids_);
+    }
+
+private:
+    std::variant<Chunked<std::uint8_t>, Chunked<std::uint16_t>, Chunked<std::uint32_t>> ids_;
+};
+
+} // namespace controls

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// How often every chance and number has fallen, and the texts that show it.
+#pragma once
+
+#include "forms/plan.h"
+#include "forms/programm.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace M_Chancen {
+
+using forms::Programm;
+
+/// The third step of a coup: counts it.
+void Chancen_Coup(Programm& programm);
+
+/// Raises every counter that the current number, Plein (0 to 36), belongs to.
+void Chancen_Zaehlen(Programm& programm);
+
+std::int64_t Anz_Noir(const Programm& programm);
+std::int64_t Anz_Rouge(const Programm& programm);
+std::int64_t Anz_Pair(const Programm& programm);
+std::int64_t Anz_Impair(const Programm& programm);
+std::int64_t Anz_Passe(const Programm& programm);
+std::int64_t Anz_Manque(const Programm& programm);
+std::int64_t Anz_Kolonne(const Programm& programm, int kolonne);        ///< 1 to 3
+std::int64_t Anz_Dutzend(const Programm& programm, int dutzend);        ///< 1 to 3
+std::int64_t Anz_TVS(const Programm& programm, int transversale);       ///< 1 to 11
+std::int64_t Anz_TVP(const Programm& programm, int transversale);       ///< 1 to 14
+std::int64_t Anz_Plein(const Programm& programm, int number);           ///< 0 to 36
+/// How many different numbers have fallen, 0 to 37.
+int Anz_Gefallen(const Programm& programm);
+
+/// The caption of a label that shows a counter: one of XPLabel_N to XPLabel_TVP with its index
+/// (0 for those without), XPLabel_Plein with a number, or Label with index 4. Such a caption is
+/// fixed text and a count, joined here when it is read, so that a coup needn't write 39 texts.
+std::string Beschriftung(const Programm& programm, forms::plan::Name name, int index);
+
+/// The text colour (ForeColorDis) of the badge XPLabel_Plein(number): white once it has fallen.
+controls::Color Farbe_Plein(const Programm& programm, int number);
+
+} // namespace M_Chancen
