@@ -5,11 +5,14 @@
 #include "piece.h"
 #include "score.h"
 
-#include <cstdio>
+#include <cstdint>
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <system_error>
+#include <vector>
 
 namespace {
 
@@ -23,7 +26,9 @@ bool writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes) 
                static_cast<std::streamsize>(bytes.size()));
     file.close(); // the rest of the buffer goes out only here
     if (!file) {
-        std::remove(path.c_str());
+        if (std::error_code ignored; std::filesystem::is_regular_file(path, ignored)) {
+            std::filesystem::remove(path, ignored); // but never a device or a pipe
+        }
         return false;
     }
     return true;

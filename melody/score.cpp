@@ -263,6 +263,7 @@ Note Parser::finished(const BarNote& note, int key, const Voice& voice) const {
 
 void Parser::finish() {
     require(score_.bars > 0, "das Stück hat keinen Takt");
+    require(score_.tempi.back().tick <= now(), "Tempoänderung reicht über das Ende hinaus");
     for (Draft& draft : drafts_) {
         place_ = draft.voice.name;
         for (const BarNote& note : draft.notes) {
