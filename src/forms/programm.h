@@ -30,6 +30,8 @@ struct Tableaubild {
     int letzte = -1;                 ///< the pad cell of the last number, -1 for none
     std::string genau;               ///< text of the "genau" box
     std::string mindestens;          ///< text of the "mind." box
+    double genauWert = 0;            ///< the two texts as numbers
+    double mindestWert = 0;
 };
 
 /// The main window.

@@ -1,0 +1,22 @@
+# SPDX-License-Identifier: MIT
+# What every target of ours is built with.
+add_library(kestrelwood_options INTERFACE)
+target_compile_features(kestrelwood_options INTERFACE cxx_std_20)
+target_compile_options(kestrelwood_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+    $<$<BOOL:${KESTRELWOOD_WERROR}>:-Werror>)
+
+if(KESTRELWOOD_SANITIZE)
+    target_compile_options(kestrelwood_options INTERFACE
+        -fsanitize=${KESTRELWOOD_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(kestrelwood_options INTERFACE -fsanitize=${KESTRELWOOD_SANITIZE})
+else()
+    target_compile_options(kestrelwood_options INTERFACE
+        -fstack-protector-strong $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)
+    target_link_options(kestrelwood_options INTERFACE LINKER:-z,relro,-z,now)
+    # A coup's steps lie in several rooms; only the linker sees them side by side.
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+        set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
+    endif()
+endif()

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// A coup's way into the permanence.
+#include "coup/m_permanenz.h"
+
+#include "grids/sortierung_coup.h"
+#include "stats/m_chancen.h"
+#include "stats/m_tableau.h"
+
+#include <optional>
+
+namespace M_Permanenz {
+
+namespace {
+
+/// Columns of the store that hold the chances, and where they come from in the Chancentabelle.
+constexpr int FirstChanceColumn = 3;
+constexpr int LastChanceColumn = 10;
+constexpr int StoreToTable = -1;
+
+/// Coloured cells of a view row; the serial number in cell 1 never is.
+constexpr int FirstColoredCell = 2;
+constexpr int LastColoredCell = 16;
+
+std::optional<controls::Color> zeilenfarbe(int zahl) {
+    switch (chances::classOf(zahl)) {
+    case chances::NumberClass::Rouge:
+        return controls::Red;
+    case chances::NumberClass::Zero:
+        return controls::Green;
+    case chances::NumberClass::Noir:
+        break;
+    }
+    return std::nullopt;
+}
+
+controls::RowPattern sichtzeile(int zahl) {
+    controls::RowPattern zeile;
+    zeile.Serial(true);
+    if (const auto farbe = zeilenfarbe(zahl))
+        for (int column = FirstColoredCell; column <= LastColoredCell; ++column)
+            zeile.CellColor(column, *farbe);
+    return zeile;
+}
+
+controls::RowPattern speicherzeile(int zahl) {
+    controls::RowPattern zeile;
+    zeile.Serial(true);
+    zeile.Cell(2, chances::code(zahl, chances::Plein));
+    for (int column = FirstChanceColumn; column <= LastChanceColumn; ++column)
+        zeile.Cell(column, chances::code(zahl, column + StoreToTable));
+    if (const auto farbe = zeilenfarbe(zahl))
+        zeile.RowColor(*farbe);
+    return zeile;
+}
+
+/// Appends the row of a number, made by `make` the first time and kept in `fertig` from then on.
+template <class Make>
+void anhaengen(controls::Grid& grid, forms::Uebergang& fertig, int zahl, Make make) {
+    if (!fertig.bekannt)
+        fertig = {true, 0, grid.Intern(make(zahl))};
+    grid.AddPattern(fertig.nachher);
+}
+
+} // namespace
+
+void Coup_Aufnehmen(Programm& programm, int zahl) {
+    forms::MainForm& form = programm.Frm_Main;
+    const int vorige = form.Plein;
+    form.Plein = zahl;
+    ++form.Coup;
+    try {
+        Eingabe_Coup(programm);
+    } catch (...) {
+        // No half coup: memory may give out between the steps.
+        for (auto* grid : {&form.Grid[0], &form.Grid[1]})
+            if (grid->RowCount() == form.Coup)
+                grid->RemoveRow(form.Coup);
+        --form.Coup;
+        form.Plein = vorige;
+        throw;
+    }
+    M_Chancen::Chancen_Coup(programm);
+    M_Tableau::Tableau_Aktualisieren(programm);
+}
+
+void Eingabe_Coup(Programm& programm) {
+    Permanenz_Zeile(programm);
+    Sortierung_Coup(programm);
+}
+
+void Permanenz_Zeile(Programm& programm) {
+    forms::MainForm& form = programm.Frm_Main;
+    const int zahl = form.Plein;
+    const auto index = static_cast<std::size_t>(zahl);
+    form.Grid[0].ReserveRow();
+    form.Grid[1].ReserveRow();
+    Fertigzeilen_Pruefen(programm);
+    anhaengen(form.Grid[0], programm.Fertig.sicht[index], zahl, sichtzeile);
+    anhaengen(form.Grid[1], programm.Fertig.speicher[index], zahl, speicherzeile);
+    form.Grid[1].Refresh();
+    form.Grid[0].Refresh();
+}
+
+} // namespace M_Permanenz

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// A random series.
+#include "files/zufallsserie.h"
+
+#include "files/coup_lauf.h"
+#include "files/zufall.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace M_Eingabe {
+
+namespace {
+
+/// The whole number at the start of the text, blanks before it passed over, 0 if there is none;
+/// nothing beyond 32 bits signed. A minus sign is no way to ask for draws and reads as none.
+std::optional<std::int32_t> anzahl(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    if (text.starts_with('-'))
+        return 0;
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    std::int32_t count = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), count);
+    if (result.ec == std::errc::result_out_of_range)
+        return std::nullopt;
+    return std::max(count, 0);
+}
+
+} // namespace
+
+void Zufallsserie(forms::Programm& programm, platform::Platform& platform) {
+    forms::MainForm& form = programm.Frm_Main;
+    const auto n = anzahl(form.Text[0].Text);
+    if (!n) {
+        files::Meldung_Anzahl(platform);
+        return;
+    }
+    form.Enabled = false;
+    progress::Zeigen(programm, *n, true);
+    files::Coups_Aufnehmen(programm, platform, *n, files::Ansicht::Bleibt, [&](std::int64_t) {
+        Zufall::Saeen(programm.Zufall, platform.clock.now());
+        return Zufall::Zahl(Zufall::Ziehen(programm.Zufall));
+    });
+    form.Enabled = true;
+    ++form.FocusRequests;
+    progress::Form_Unload(programm);
+    form.Grid[0].ScrollRow(form.Coup);
+}
+
+} // namespace M_Eingabe

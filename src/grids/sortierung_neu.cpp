@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// The full re-sort.
+#include "grids/sortierung_neu.h"
+
+#include "grids/sortierung_coup.h"
+#include "progress/lauf.h"
+
+#include <algorithm>
+#include <limits>
+#include <span>
+#include <vector>
+
+namespace M_Permanenz {
+
+namespace {
+
+using controls::PatternId;
+
+/// What the re-sort made of a view row, for the last view row that was met with this store row.
+struct Ergebnis {
+    PatternId vorher = std::numeric_limits<PatternId>::max();
+    PatternId nachher = 0;
+};
+
+/// Re-sorts rows one by one where it must, and by what it did before where it can.
+class Umsortierung {
+public:
+    explicit Umsortierung(Programm& programm) :
+        programm_(programm), sicht_(programm.Frm_Main.Grid[0]),
+        speicher_(programm.Frm_Main.Grid[1]) {}
+
+    /// Re-sorts the rows `von` up to `bis`, both included.
+    void block(std::int64_t von, std::int64_t bis) {
+        for (std::int64_t row = von; row <= bis;) {
+            row = bekannteZeilen(row, bis);
+            if (row <= bis)
+                neueZeile(row++);
+        }
+        programm_.Frm_Main.Coup = bis;
+        programm_.Frm_Main.Plein = zahl(bis);
+    }
+
+private:
+    int zahl(std::int64_t row) const {
+        return std::stoi(speicher_.Row(row).Cell(2));
+    }
+
+    /// Goes through rows from `row` on as long as each has a known result; gives the first that
+    /// hasn't, or bis + 1.
+    std::int64_t bekannteZeilen(std::int64_t row, std::int64_t bis) {
+        return sicht_.Ids().visit([&](auto& view) {
+            return speicher_.Ids().visit([&](const auto& store) {
+                const auto ids = view.run(row - 1);
+                const auto numbers = store.run(row - 1);
+                const auto most = static_cast<std::size_t>(bis - row + 1);
+                const std::size_t count = std::min({ids.size(), numbers.size(), most});
+                std::size_t i = 0;
+                for (; i < count && numbers[i] < bekannt_.size(); ++i) {
+                    const Ergebnis& ergebnis = bekannt_[numbers[i]];
+                    if (ergebnis.vorher != ids[i])
+                        break;
+                    ids[i] = static_cast<std::remove_reference_t<decltype(ids[i])>>(
+                        ergebnis.nachher);
+                }
+                // At the end of a chunk the caller's single row leads over to the next one.
+                return row + static_cast<std::int64_t>(i);
+            });
+        });
+    }
+
+    void neueZeile(std::int64_t row) {
+        const PatternId vorher = sicht_.PatternOf(row);
+        const PatternId speicher = speicher_.PatternOf(row);
+        const std::uint64_t stand = sicht_.Generation();
+        const forms::MainForm& form = programm_.Frm_Main;
+        const PatternId nachher = sicht_.Intern(Mit_Marken(Ohne_Marken(sicht_.Pattern(vorher)),
+            form.xpCombo[0].ListIndex, form.Check[0].Value != 0, zahl(row)));
+        sicht_.SetPattern(row, nachher);
+        if (sicht_.Generation() != stand)
+            bekannt_.clear();
+        if (speicher >= bekannt_.size())
+            bekannt_.resize(speicher + 1);
+        bekannt_[speicher] = {vorher, nachher};
+    }
+
+    Programm& programm_;
+    controls::Grid& sicht_;
+    const controls::Grid& speicher_;
+    std::vector<Ergebnis> bekannt_; ///< by the pattern of the store row
+};
+
+} // namespace
+
+void Sortierung_Neu(Programm& programm, platform::Platform& platform) {
+    controls::Grid& sicht = programm.Frm_Main.Grid[0];
+    const std::int64_t n = programm.Frm_Main.Grid[1].RowCount();
+    progress::Zeigen(programm, n, false);
+    const std::int64_t m = sicht.RowCount();
+    progress::Pace pace(platform);
+    Umsortierung umsortierung(programm);
+    try {
+        for (std::int64_t i = 1; i <= m; i += progress::BlockSize) {
+            const std::int64_t last = std::min(i + progress::BlockSize - 1, m);
+            umsortierung.block(i, last);
+            sicht.Refresh();
+            progress::Melden(programm, last, n, last);
+            pace.paint();
+        }
+    } catch (...) {
+        programm.Frm_Main.Coup = m;
+        progress::Form_Unload(programm);
+        throw;
+    }
+    progress::Form_Unload(programm);
+}
+
+} // namespace M_Permanenz

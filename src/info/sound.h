@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// The melody of the info dialog: which device plays a file, and the three commands to it.
+#pragma once
+
+#include "platform/platform.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace Sound {
+
+/// The device type for a file by the text behind its last ".", whatever its case; "MPEGVideo" for
+/// an unknown one, empty for a name without ".". `IstVideo` becomes whether it is a video.
+std::string Sound_Geraetetyp(std::string_view Datei, bool& IstVideo);
+
+/// Opens a file (full path). Refused without a word while one is open. `Fenster` is the window to
+/// show a video in, 0 for none.
+void Sound_Oeffnen(platform::Platform& platform, const platform::FileName& Datei,
+    std::uint32_t Fenster);
+
+/// Plays from `Position`, in milliseconds.
+void Sound_Abspielen(platform::Platform& platform, std::int32_t Position);
+
+void Sound_Stoppen(platform::Platform& platform);
+
+} // namespace Sound

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// Numbers at the beginning of a text.
+#include "stats/zahlentext.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace stats {
+
+namespace {
+
+/// The length of the longest plain decimal number at the start of `text`, which has no sign.
+std::size_t numberLength(std::string_view text) {
+    const auto digits = [&](std::size_t from) {
+        const std::size_t end = text.find_first_not_of("0123456789", from);
+        return (end == std::string_view::npos ? text.size() : end) - from;
+    };
+    std::size_t length = digits(0);
+    if (length < text.size() && text[length] == '.') {
+        const std::size_t behind = digits(length + 1);
+        if (length + behind > 0)
+            length += 1 + behind;
+    }
+    return length;
+}
+
+} // namespace
+
+double Zahl_am_Anfang(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    bool negative = false;
+    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
+        negative = text.front() == '-';
+        text.remove_prefix(1);
+    }
+    double value = 0;
+    const char* end = text.data() + numberLength(text);
+    if (std::from_chars(text.data(), end, value, std::chars_format::fixed).ec
+        == std::errc::result_out_of_range)
+        value = std::numeric_limits<double>::infinity();
+    return negative ? -value : value;
+}
+
+std::optional<std::int16_t> Ganzzahl16(double value) {
+    const double rounded = std::nearbyint(value);
+    if (rounded < std::numeric_limits<std::int16_t>::min()
+        || rounded > std::numeric_limits<std::int16_t>::max())
+        return std::nullopt;
+    return static_cast<std::int16_t>(rounded);
+}
+
+} // namespace stats
