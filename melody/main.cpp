@@ -22,8 +22,8 @@ bool writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes) 
     if (!file) {
         return false;
     }
-    file.write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
+    file.write(
+        reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     file.close(); // the rest of the buffer goes out only here
     if (!file) {
         if (std::error_code ignored; std::filesystem::is_regular_file(path, ignored)) {

@@ -18,14 +18,22 @@ std::string quoted(std::string_view text) {
 /// Offset of a note letter above c, or -1.
 int stepOf(char letter) {
     switch (letter) {
-    case 'c': return 0;
-    case 'd': return 2;
-    case 'e': return 4;
-    case 'f': return 5;
-    case 'g': return 7;
-    case 'a': return 9;
-    case 'b': return 11;
-    default: return -1;
+    case 'c':
+        return 0;
+    case 'd':
+        return 2;
+    case 'e':
+        return 4;
+    case 'f':
+        return 5;
+    case 'g':
+        return 7;
+    case 'a':
+        return 9;
+    case 'b':
+        return 11;
+    default:
+        return -1;
     }
 }
 
@@ -53,10 +61,17 @@ std::vector<int> keysOf(std::string_view sound, const ChordTable& chords) {
 std::string_view takeMarks(std::string_view word, BarNote& note) {
     for (; !word.empty(); word.remove_suffix(1)) {
         switch (word.back()) {
-        case '\'': note.staccato = true; break;
-        case '>': note.accent = true; break;
-        case '~': note.tied = true; break;
-        default: return word;
+        case '\'':
+            note.staccato = true;
+            break;
+        case '>':
+            note.accent = true;
+            break;
+        case '~':
+            note.tied = true;
+            break;
+        default:
+            return word;
         }
     }
     return word;
@@ -71,7 +86,7 @@ std::string quarters(int ticks) {
 void checkBarLength(int ticks, int barTicks) {
     if (ticks != barTicks) {
         throw ScoreError(std::string("Takt ist zu ") + (ticks < barTicks ? "kurz" : "lang") + ": "
-                         + quarters(ticks) + " statt " + quarters(barTicks) + " Viertel");
+            + quarters(ticks) + " statt " + quarters(barTicks) + " Viertel");
     }
 }
 
@@ -90,7 +105,7 @@ int numberOf(std::string_view text, int lowest, int highest, std::string_view wh
     const auto result = std::from_chars(digits.data(), end, number);
     if (result.ec != std::errc() || result.ptr != end || number < lowest || number > highest) {
         throw ScoreError(std::string(what) + " " + quoted(text) + " ist keine Zahl von "
-                         + std::to_string(lowest) + " bis " + std::to_string(highest));
+            + std::to_string(lowest) + " bis " + std::to_string(highest));
     }
     return number;
 }
@@ -116,8 +131,8 @@ int keyOf(std::string_view name) {
         octaveAt = 2;
     }
     // One digit only: nobody writes lower than c0 or higher than b9 on purpose.
-    const bool hasOctave =
-        name.size() == octaveAt + 1 && name[octaveAt] >= '0' && name[octaveAt] <= '9';
+    const bool hasOctave
+        = name.size() == octaveAt + 1 && name[octaveAt] >= '0' && name[octaveAt] <= '9';
     if (step < 0 || !hasOctave) {
         throw ScoreError("unbekannte Note " + quoted(name));
     }

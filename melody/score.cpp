@@ -90,7 +90,7 @@ Score Parser::read(std::string_view text) {
     } catch (const ScoreError& error) {
         const std::string voice = place_.empty() ? "" : ", " + place_;
         throw ScoreError("Zeile " + std::to_string(lineNumber) + " (Takt "
-                         + std::to_string(score_.bars + 1) + voice + "): " + error.what());
+            + std::to_string(score_.bars + 1) + voice + "): " + error.what());
     }
     return std::move(score_);
 }
@@ -137,18 +137,21 @@ void Parser::readVoice(const std::vector<std::string_view>& words) {
         int highest;
     };
     const Field fields[] = {
-        {"channel", voice.channel, 1, 16}, {"program", voice.program, 1, 128},
-        {"volume", voice.volume, 0, 127},  {"pan", voice.pan, 0, 127},
-        {"reverb", voice.reverb, 0, 127},  {"gate", voice.gate, 1, 100},
+        {"channel", voice.channel, 1, 16},
+        {"program", voice.program, 1, 128},
+        {"volume", voice.volume, 0, 127},
+        {"pan", voice.pan, 0, 127},
+        {"reverb", voice.reverb, 0, 127},
+        {"gate", voice.gate, 1, 100},
         {"level", voice.level, -127, 127},
     };
     for (std::size_t i = 2; i < words.size(); ++i) {
         const std::size_t equals = words[i].find('=');
         const std::string_view name = words[i].substr(0, equals);
         const auto field = std::find_if(std::begin(fields), std::end(fields),
-                                        [name](const Field& f) { return f.name == name; });
+            [name](const Field& f) { return f.name == name; });
         require(equals != std::string_view::npos && field != std::end(fields),
-                "unbekannte Angabe „" + std::string(words[i]) + "“");
+            "unbekannte Angabe „" + std::string(words[i]) + "“");
         field->value = numberOf(words[i].substr(equals + 1), field->lowest, field->highest, name);
     }
     for (const Draft& other : drafts_) {
@@ -200,7 +203,7 @@ void Parser::readBar(std::string_view line) {
     const std::vector<std::string_view> cells = split(line, '|');
     if (cells.size() != drafts_.size() + 1) {
         throw ScoreError("Takt hat " + std::to_string(cells.size() - 1) + " statt "
-                         + std::to_string(drafts_.size()) + " Stimmen");
+            + std::to_string(drafts_.size()) + " Stimmen");
     }
     const std::string_view loudness = trimmed(cells[0]);
     if (!loudness.empty()) {
@@ -235,7 +238,7 @@ void Parser::addNote(BarNote note, Draft& draft) const {
     }
     BarNote& before = draft.notes.back();
     require(before.start + before.length == note.start && before.keys == note.keys,
-            "Bindebogen führt nicht zur gleichen Note");
+        "Bindebogen führt nicht zur gleichen Note");
     before.length += note.length;
     before.tied = note.tied;
     before.staccato = note.staccato;
@@ -243,7 +246,7 @@ void Parser::addNote(BarNote note, Draft& draft) const {
 
 double Parser::loudnessAt(int tick) const {
     const auto next = std::find_if(loudness_.begin(), loudness_.end(),
-                                   [tick](const Loudness& point) { return point.tick > tick; });
+        [tick](const Loudness& point) { return point.tick > tick; });
     const Loudness& before = *(next - 1); // the first bar always has a loudness
     if (next == loudness_.end()) {
         return before.velocity;

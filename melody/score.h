@@ -26,8 +26,8 @@ struct Voice {
     int volume = 100;
     int pan = 64;
     int reverb = 40;
-    int gate = 90;  ///< heard part of a note value in percent
-    int level = 0;  ///< added to the velocity of every note
+    int gate = 90; ///< heard part of a note value in percent
+    int level = 0; ///< added to the velocity of every note
     std::vector<Note> notes;
 };
 

@@ -37,7 +37,7 @@ public:
     /// A row to be read. Valid until the grid changes.
     class ConstRowRef {
     public:
-        ConstRowRef(const Grid& grid, std::int64_t row) : grid_(grid), row_(row) {}
+        ConstRowRef(const Grid& grid, std::int64_t row) : grid_(grid), row_(row) { }
         /// The cell's text; it stays valid whatever is written afterwards.
         std::string Cell(int column) const;
         std::optional<Color> CellColor(int column) const;
@@ -52,7 +52,7 @@ public:
     /// result; the row is then as it was.
     class RowRef : public ConstRowRef {
     public:
-        RowRef(Grid& grid, std::int64_t row) : ConstRowRef(grid, row), grid_(grid), row_(row) {}
+        RowRef(Grid& grid, std::int64_t row) : ConstRowRef(grid, row), grid_(grid), row_(row) { }
         using ConstRowRef::Cell;
         using ConstRowRef::CellColor;
         using ConstRowRef::RowColor;

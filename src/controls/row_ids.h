@@ -24,9 +24,8 @@ public:
     /// The largest number that fits without widening.
     std::uint32_t capacity() const {
         return std::visit(
-            []<class T>(const Chunked<T>&) -> std::uint32_t {
-                return std::numeric_limits<T>::max();
-            },
+            []<class T>(
+                const Chunked<T>&) -> std::uint32_t { return std::numeric_limits<T>::max(); },
             ids_);
     }
 
@@ -39,12 +38,10 @@ public:
     }
     /// `id` must fit (see capacity()). Throws std::bad_alloc and leaves everything as it was.
     void push_back(std::uint32_t id) {
-        std::visit(
-            [&]<class T>(Chunked<T>& ids) { ids.push_back(static_cast<T>(id)); }, ids_);
+        std::visit([&]<class T>(Chunked<T>& ids) { ids.push_back(static_cast<T>(id)); }, ids_);
     }
     void set(std::int64_t index, std::uint32_t id) {
-        std::visit(
-            [&]<class T>(Chunked<T>& ids) { ids.set(index, static_cast<T>(id)); }, ids_);
+        std::visit([&]<class T>(Chunked<T>& ids) { ids.set(index, static_cast<T>(id)); }, ids_);
     }
     void pop_back() {
         std::visit([](auto& ids) { ids.pop_back(); }, ids_);

@@ -32,6 +32,7 @@ public:
     bool Serial() const { return serial_; }
     void Serial(bool serial);
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 takes <=> for a null pointer
     friend auto operator<=>(const RowPattern&, const RowPattern&) = default;
 
 private:

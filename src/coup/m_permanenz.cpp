@@ -7,6 +7,7 @@
 #include "stats/m_tableau.h"
 
 #include <optional>
+#include <span>
 
 namespace M_Permanenz {
 
@@ -72,9 +73,9 @@ void Coup_Aufnehmen(Programm& programm, int zahl) {
         Eingabe_Coup(programm);
     } catch (...) {
         // No half coup: memory may give out between the steps.
-        for (auto* grid : {&form.Grid[0], &form.Grid[1]})
-            if (grid->RowCount() == form.Coup)
-                grid->RemoveRow(form.Coup);
+        for (controls::Grid& grid : std::span(form.Grid).first(2))
+            if (grid.RowCount() == form.Coup)
+                grid.RemoveRow(form.Coup);
         --form.Coup;
         form.Plein = vorige;
         throw;

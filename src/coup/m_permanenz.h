@@ -4,9 +4,6 @@
 
 #include "forms/programm.h"
 
-#include <cstdint>
-#include <span>
-
 namespace M_Permanenz {
 
 using forms::Programm;

@@ -18,8 +18,9 @@ struct Grundzeile {
 };
 
 constexpr std::array Gruende{
-    Grundzeile{std::errc::no_such_file_or_directory, "Die Datei oder der Ordner wurde nicht "
-                                                     "gefunden."},
+    Grundzeile{std::errc::no_such_file_or_directory,
+        "Die Datei oder der Ordner wurde nicht "
+        "gefunden."},
     Grundzeile{std::errc::permission_denied, "Die Zugriffsrechte fehlen."},
     Grundzeile{std::errc::operation_not_permitted, "Die Zugriffsrechte fehlen."},
     Grundzeile{std::errc::read_only_file_system, "Der Datenträger ist schreibgeschützt."},
@@ -54,19 +55,22 @@ std::string Grund(const std::error_code& error) {
 
 void Meldung_Lesen(
     platform::Platform& platform, const platform::FileName& name, const std::error_code& error) {
-    melden(platform, "Die Datei „" + name + "“ kann nicht gelesen werden.\n" + Grund(error)
+    melden(platform,
+        "Die Datei „" + name + "“ kann nicht gelesen werden.\n" + Grund(error)
             + "\nDie Permanenz ist unverändert.");
 }
 
 void Meldung_Schreiben(
     platform::Platform& platform, const platform::FileName& name, const std::error_code& error) {
-    melden(platform, "Die Datei „" + name + "“ kann nicht gespeichert werden.\n" + Grund(error)
+    melden(platform,
+        "Die Datei „" + name + "“ kann nicht gespeichert werden.\n" + Grund(error)
             + "\nEine schon vorhandene Datei ist unverändert.");
 }
 
 void Meldung_Speicher(platform::Platform& platform) {
-    melden(platform, "Der Arbeitsspeicher reicht nicht aus.\n"
-                     "Die bis hierher erfassten Coups bleiben erhalten.");
+    melden(platform,
+        "Der Arbeitsspeicher reicht nicht aus.\n"
+        "Die bis hierher erfassten Coups bleiben erhalten.");
 }
 
 void Meldung_Anzahl(platform::Platform& platform) {

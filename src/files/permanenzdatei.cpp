@@ -66,12 +66,13 @@ std::error_code schreiben(
 void anhaengen(forms::Programm& programm, platform::Platform& platform, files::Zeilenleser& leser) {
     auto& zahlen = leser.zahlen();
     progress::Zeigen(programm, zahlen.size(), true);
-    files::Coups_Aufnehmen(programm, platform, zahlen.size(), files::Ansicht::Folgt, [&](std::int64_t i) {
-        // What has been taken in isn't needed any more.
-        if (i % controls::Chunked<std::uint8_t>::ChunkSize == 0)
-            zahlen.release(i - 1);
-        return zahlen[i - 1];
-    });
+    files::Coups_Aufnehmen(
+        programm, platform, zahlen.size(), files::Ansicht::Folgt, [&](std::int64_t i) {
+            // What has been taken in isn't needed any more.
+            if (i % controls::Chunked<std::uint8_t>::ChunkSize == 0)
+                zahlen.release(i - 1);
+            return zahlen[i - 1];
+        });
 }
 
 } // namespace

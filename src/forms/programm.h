@@ -27,23 +27,23 @@ struct Zaehler {
 /// The tableau as it was painted last: which number cells stand out, and the boxes that said so.
 struct Tableaubild {
     chances::NumberSet markiert = 0; ///< marked number cells
-    int letzte = -1;                 ///< the pad cell of the last number, -1 for none
-    std::string genau;               ///< text of the "genau" box
-    std::string mindestens;          ///< text of the "mind." box
-    double genauWert = 0;            ///< the two texts as numbers
+    int letzte = -1; ///< the pad cell of the last number, -1 for none
+    std::string genau; ///< text of the "genau" box
+    std::string mindestens; ///< text of the "mind." box
+    double genauWert = 0; ///< the two texts as numbers
     double mindestWert = 0;
 };
 
 /// The main window.
 struct MainForm {
-    int Plein = NoNumber;  ///< number of the current coup, 0 to 36, or NoNumber
+    int Plein = NoNumber; ///< number of the current coup, 0 to 36, or NoNumber
     std::int64_t Coup = 0; ///< coups in the permanence; the row of the coup being processed
 
     bool Loaded = false;
     bool Visible = false;
     bool Enabled = true;
     std::uint64_t FocusRequests = 0;
-    bool InHandler = false;      ///< a handler is at work; no other one may start
+    bool InHandler = false; ///< a handler is at work; no other one may start
     bool CloseRequested = false; ///< closing was asked for while a handler was at work
 
     std::array<controls::Grid, 4> Grid; ///< 0 sorted view, 1 permanence store, 3 Chancentabelle
@@ -56,8 +56,8 @@ struct MainForm {
 
 /// The status line of a long run, joined to a text when it is read.
 struct Statuszeile {
-    std::int64_t coup = 0;    ///< first figure
-    std::int64_t gesamt = 0;  ///< total of the run
+    std::int64_t coup = 0; ///< first figure
+    std::int64_t gesamt = 0; ///< total of the run
     std::int64_t schritt = 0; ///< step of the run, from 1; 0 while the line is empty
 };
 
@@ -100,7 +100,8 @@ struct Wasserfeld {
     std::vector<Wasserzelle> Zellen; ///< column by column
 
     Wasserzelle& operator()(int spalte, int zeile) {
-        return Zellen[static_cast<std::size_t>(spalte * Zeilen + zeile)];
+        return Zellen[static_cast<std::size_t>(spalte) * static_cast<std::size_t>(Zeilen)
+            + static_cast<std::size_t>(zeile)];
     }
 };
 
@@ -115,10 +116,10 @@ struct Uebergang {
 /// cells one by one gave before, and fall away when a grid renumbers its patterns or the view
 /// changes its family or mode.
 struct Fertigzeilen {
-    std::array<Uebergang, chances::NumberCount> sicht;    ///< bare view rows in their colours
+    std::array<Uebergang, chances::NumberCount> sicht; ///< bare view rows in their colours
     std::array<Uebergang, chances::NumberCount> speicher; ///< store rows
-    std::array<Uebergang, chances::NumberCount> marken;   ///< view rows with their marks
-    std::uint64_t sichtStand = 0;                         ///< generations of the two grids
+    std::array<Uebergang, chances::NumberCount> marken; ///< view rows with their marks
+    std::uint64_t sichtStand = 0; ///< generations of the two grids
     std::uint64_t speicherStand = 0;
     int familie = -1;
     int modus = -1;
@@ -133,7 +134,7 @@ struct Programm {
     Wasserfeld Wasser_Feld;
     Fertigzeilen Fertig;
     std::uint64_t Zufall = 0; ///< state of the random generator
-    std::string Version;      ///< of the program file: major.minor.revision
+    std::string Version; ///< of the program file: major.minor.revision
 };
 
 } // namespace forms

@@ -122,16 +122,14 @@ inline constexpr std::array TvpCaptions{
 
 /// The families in the selector's order.
 inline constexpr std::array Familientabelle{
-    Family{chances::Familien[0], "Cp / NR", false, 2010, 2075, detail::NrCaptions,
-        detail::NoirRouge},
-    Family{chances::Familien[1], "Cp / PI", false, 2010, 2075, detail::PiCaptions,
-        detail::PairImpair},
+    Family{
+        chances::Familien[0], "Cp / NR", false, 2010, 2075, detail::NrCaptions, detail::NoirRouge},
+    Family{
+        chances::Familien[1], "Cp / PI", false, 2010, 2075, detail::PiCaptions, detail::PairImpair},
     Family{chances::Familien[2], "Cp / PsM", false, 2010, 2075, detail::PsmCaptions,
         detail::PasseManque},
-    Family{chances::Familien[3], "Cp / K", false, 2010, 2075, detail::KCaptions,
-        detail::Kolonnen},
-    Family{chances::Familien[4], "Cp / D", false, 2010, 2075, detail::DCaptions,
-        detail::Dutzende},
+    Family{chances::Familien[3], "Cp / K", false, 2010, 2075, detail::KCaptions, detail::Kolonnen},
+    Family{chances::Familien[4], "Cp / D", false, 2010, 2075, detail::DCaptions, detail::Dutzende},
     Family{chances::Familien[5], "Cp / TVS", true, 4710, 4910, detail::TvsCaptions,
         detail::TransversalenSimple},
     Family{chances::Familien[6], "Cp / TVP", true, 5610, 5870, detail::TvpCaptions,

@@ -6,8 +6,7 @@
 
 namespace M_Permanenz {
 
-controls::RowPattern Mit_Marken(
-    controls::RowPattern zeile, int familie, bool einfach, int plein) {
+controls::RowPattern Mit_Marken(controls::RowPattern zeile, int familie, bool einfach, int plein) {
     const grids::Family* family = grids::familie(familie);
     if (!family)
         return zeile;

@@ -15,8 +15,7 @@ void Sortierung_Coup(Programm& programm);
 /// What Sortierung_Coup makes of a row that looks like `zeile`: every rule of the family is tried,
 /// and each match writes the number (`einfach` false) or the code that matched. A family that is
 /// none leaves the row as it is.
-controls::RowPattern Mit_Marken(
-    controls::RowPattern zeile, int familie, bool einfach, int plein);
+controls::RowPattern Mit_Marken(controls::RowPattern zeile, int familie, bool einfach, int plein);
 
 /// Empties columns 2 to 16 of a row; its serial number and its colours stay.
 controls::RowPattern Ohne_Marken(controls::RowPattern zeile);

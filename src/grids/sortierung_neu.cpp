@@ -25,9 +25,9 @@ struct Ergebnis {
 /// Re-sorts rows one by one where it must, and by what it did before where it can.
 class Umsortierung {
 public:
-    explicit Umsortierung(Programm& programm) :
-        programm_(programm), sicht_(programm.Frm_Main.Grid[0]),
-        speicher_(programm.Frm_Main.Grid[1]) {}
+    explicit Umsortierung(Programm& programm)
+        : programm_(programm), sicht_(programm.Frm_Main.Grid[0]),
+          speicher_(programm.Frm_Main.Grid[1]) { }
 
     /// Re-sorts the rows `von` up to `bis`, both included.
     void block(std::int64_t von, std::int64_t bis) {
@@ -41,9 +41,7 @@ public:
     }
 
 private:
-    int zahl(std::int64_t row) const {
-        return std::stoi(speicher_.Row(row).Cell(2));
-    }
+    int zahl(std::int64_t row) const { return std::stoi(speicher_.Row(row).Cell(2)); }
 
     /// Goes through rows from `row` on as long as each has a known result; gives the first that
     /// hasn't, or bis + 1.
@@ -59,8 +57,8 @@ private:
                     const Ergebnis& ergebnis = bekannt_[numbers[i]];
                     if (ergebnis.vorher != ids[i])
                         break;
-                    ids[i] = static_cast<std::remove_reference_t<decltype(ids[i])>>(
-                        ergebnis.nachher);
+                    ids[i]
+                        = static_cast<std::remove_reference_t<decltype(ids[i])>>(ergebnis.nachher);
                 }
                 // At the end of a chunk the caller's single row leads over to the next one.
                 return row + static_cast<std::int64_t>(i);

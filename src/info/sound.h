@@ -16,8 +16,8 @@ std::string Sound_Geraetetyp(std::string_view Datei, bool& IstVideo);
 
 /// Opens a file (full path). Refused without a word while one is open. `Fenster` is the window to
 /// show a video in, 0 for none.
-void Sound_Oeffnen(platform::Platform& platform, const platform::FileName& Datei,
-    std::uint32_t Fenster);
+void Sound_Oeffnen(
+    platform::Platform& platform, const platform::FileName& Datei, std::uint32_t Fenster);
 
 /// Plays from `Position`, in milliseconds.
 void Sound_Abspielen(platform::Platform& platform, std::int32_t Position);

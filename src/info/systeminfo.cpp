@@ -16,8 +16,8 @@ constexpr std::size_t BufferSize = 1024;
 /// An open key, closed at the end of its life.
 class OpenKey {
 public:
-    OpenKey(platform::Registry& registry, platform::Registry::Key key) :
-        registry_(registry), key_(key) {}
+    OpenKey(platform::Registry& registry, platform::Registry::Key key)
+        : registry_(registry), key_(key) { }
     ~OpenKey() { registry_.close(key_); }
     OpenKey(const OpenKey&) = delete;
     OpenKey& operator=(const OpenKey&) = delete;
@@ -41,8 +41,8 @@ std::string zahlText(std::string_view bytes) {
 
 std::optional<std::string> programmpfad(platform::Platform& platform) {
     std::string value;
-    if (GetKeyValue(platform.registry, HkeyLocalMachine, R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)",
-            "PATH", value))
+    if (GetKeyValue(platform.registry, HkeyLocalMachine,
+            R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)", "PATH", value))
         return value;
     if (!GetKeyValue(platform.registry, HkeyLocalMachine,
             R"(SOFTWARE\Microsoft\Shared Tools Location)", "MSINFO", value))
@@ -79,8 +79,8 @@ bool GetKeyValue(platform::Registry& registry, std::uint32_t KeyRoot, std::strin
 void StartSysInfo(platform::Platform& platform) {
     const auto path = programmpfad(platform);
     if (!path || !platform.processes.start(*path))
-        platform.dialogs.message("", "Systeminformationsprogramm zur Zeit nicht verfügbar.",
-            platform::Icon::None);
+        platform.dialogs.message(
+            "", "Systeminformationsprogramm zur Zeit nicht verfügbar.", platform::Icon::None);
 }
 
 } // namespace Systeminfo

@@ -31,7 +31,8 @@ void Feld_Anlegen(forms::Programm& programm, int breite, int hoehe) {
     forms::Wasserfeld& feld = programm.Wasser_Feld;
     feld.Spalten = zellen(breite) + 1;
     feld.Zeilen = zellen(hoehe) + 1;
-    feld.Zellen.assign(static_cast<std::size_t>(feld.Spalten * feld.Zeilen), {});
+    feld.Zellen.assign(
+        static_cast<std::size_t>(feld.Spalten) * static_cast<std::size_t>(feld.Zeilen), {});
 }
 
 void Wasser_Animieren(forms::Programm& programm, platform::Clock& clock, Flaeche& flaeche) {

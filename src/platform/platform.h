@@ -32,7 +32,7 @@ enum class Icon { None, Critical };
 
 /// One entry of a file dialog's filter.
 struct Filter {
-    std::string_view name;    ///< shown, e.g. "Textdateien (*.txt)"
+    std::string_view name; ///< shown, e.g. "Textdateien (*.txt)"
     std::string_view pattern; ///< e.g. "*.txt"
 };
 

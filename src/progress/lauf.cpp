@@ -6,8 +6,7 @@
 
 namespace progress {
 
-Pace::Pace(platform::Platform& platform) : platform_(platform), last_(platform.clock.now()) {
-}
+Pace::Pace(platform::Platform& platform) : platform_(platform), last_(platform.clock.now()) { }
 
 bool Pace::due() const {
     return platform_.clock.now() - last_ >= TurnInterval;
@@ -52,9 +51,8 @@ void Form_Unload(forms::Programm& programm) {
 std::string Statustext(const forms::Statuszeile& zeile) {
     if (zeile.schritt == 0)
         return {};
-    return " Status: Berechne " + std::to_string(zeile.coup) + " / "
-        + std::to_string(zeile.gesamt) + " ("
-        + std::to_string(Prozent(zeile.schritt, zeile.gesamt)) + " %)";
+    return " Status: Berechne " + std::to_string(zeile.coup) + " / " + std::to_string(zeile.gesamt)
+        + " (" + std::to_string(Prozent(zeile.schritt, zeile.gesamt)) + " %)";
 }
 
 std::int64_t Prozent(std::int64_t schritt, std::int64_t gesamt) {

@@ -37,7 +37,8 @@ private:
 void Zeigen(forms::Programm& programm, std::int64_t max, bool abbrechbar);
 
 /// Tells the dialog that step `schritt` of `gesamt` is done, with `coup` as first figure.
-void Melden(forms::Programm& programm, std::int64_t coup, std::int64_t gesamt, std::int64_t schritt);
+void Melden(
+    forms::Programm& programm, std::int64_t coup, std::int64_t gesamt, std::int64_t schritt);
 
 /// Whether the run is to stop: by the dialog's button or because the program is to end.
 bool Abgebrochen(const forms::Programm& programm);

@@ -25,11 +25,11 @@ std::int64_t Anz_Pair(const Programm& programm);
 std::int64_t Anz_Impair(const Programm& programm);
 std::int64_t Anz_Passe(const Programm& programm);
 std::int64_t Anz_Manque(const Programm& programm);
-std::int64_t Anz_Kolonne(const Programm& programm, int kolonne);        ///< 1 to 3
-std::int64_t Anz_Dutzend(const Programm& programm, int dutzend);        ///< 1 to 3
-std::int64_t Anz_TVS(const Programm& programm, int transversale);       ///< 1 to 11
-std::int64_t Anz_TVP(const Programm& programm, int transversale);       ///< 1 to 14
-std::int64_t Anz_Plein(const Programm& programm, int number);           ///< 0 to 36
+std::int64_t Anz_Kolonne(const Programm& programm, int kolonne); ///< 1 to 3
+std::int64_t Anz_Dutzend(const Programm& programm, int dutzend); ///< 1 to 3
+std::int64_t Anz_TVS(const Programm& programm, int transversale); ///< 1 to 11
+std::int64_t Anz_TVP(const Programm& programm, int transversale); ///< 1 to 14
+std::int64_t Anz_Plein(const Programm& programm, int number); ///< 0 to 36
 /// How many different numbers have fallen, 0 to 37.
 int Anz_Gefallen(const Programm& programm);
 

@@ -21,8 +21,7 @@ constexpr int Hoechstwert = 1000;
 } // namespace
 
 void Abfragen(forms::Programm& programm, platform::Platform& platform, int box) {
-    const std::string answer
-        = platform.dialogs.prompt(Titel[static_cast<std::size_t>(box)], Frage);
+    const std::string answer = platform.dialogs.prompt(Titel[static_cast<std::size_t>(box)], Frage);
     const auto value = stats::Ganzzahl16(stats::Zahl_am_Anfang(answer));
     if (!value || *value < 0 || *value > Hoechstwert) {
         platform.dialogs.message("Fehler", Fehler, platform::Icon::Critical);

@@ -15,7 +15,7 @@ namespace stats {
 /// code at most once.
 struct Zaehlwerk {
     forms::plan::Name label{};
-    int index = 0;          ///< the label's index, 0 if it has none
+    int index = 0; ///< the label's index, 0 if it has none
     std::string_view name{}; ///< e.g. "Noir" or "TVS"
     chances::NumberSet zahlen = 0;
 };
@@ -31,24 +31,24 @@ struct Zaehlgruppe {
 };
 
 inline constexpr std::array Zaehlgruppen{
-    Zaehlgruppe{forms::plan::Name::XPLabel_N, "Noir", "N", 1, chances::NoirRouge,
-        chances::NoirRouge},
-    Zaehlgruppe{forms::plan::Name::XPLabel_R, "Rouge", "R", 1, chances::NoirRouge,
-        chances::NoirRouge},
-    Zaehlgruppe{forms::plan::Name::XPLabel_P, "Pair", "P", 1, chances::PairImpair,
-        chances::PairImpair},
-    Zaehlgruppe{forms::plan::Name::XPLabel_I, "Impair", "I", 1, chances::PairImpair,
-        chances::PairImpair},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_N, "Noir", "N", 1, chances::NoirRouge, chances::NoirRouge},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_R, "Rouge", "R", 1, chances::NoirRouge, chances::NoirRouge},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_P, "Pair", "P", 1, chances::PairImpair, chances::PairImpair},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_I, "Impair", "I", 1, chances::PairImpair, chances::PairImpair},
     Zaehlgruppe{forms::plan::Name::XPLabel_Ps, "Passe", "Ps", 1, chances::PasseManque,
         chances::PasseManque},
-    Zaehlgruppe{forms::plan::Name::XPLabel_M, "Manque", "M", 1, chances::PasseManque,
-        chances::PasseManque},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_M, "Manque", "M", 1, chances::PasseManque, chances::PasseManque},
     Zaehlgruppe{forms::plan::Name::XPLabel_K, "K", "", 3, chances::Kolonne, chances::Kolonne},
     Zaehlgruppe{forms::plan::Name::XPLabel_D, "D", "", 3, chances::Dutzend, chances::Dutzend},
-    Zaehlgruppe{forms::plan::Name::XPLabel_TVS, "TVS", "", 11, chances::TvsErste,
-        chances::TvsZweite},
-    Zaehlgruppe{forms::plan::Name::XPLabel_TVP, "TVP", "", 14, chances::TvpErste,
-        chances::TvpVierzehn},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_TVS, "TVS", "", 11, chances::TvsErste, chances::TvsZweite},
+    Zaehlgruppe{
+        forms::plan::Name::XPLabel_TVP, "TVP", "", 14, chances::TvpErste, chances::TvpVierzehn},
 };
 
 inline constexpr std::array<std::string_view, 15> Zahlentexte{

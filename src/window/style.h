@@ -36,12 +36,13 @@ QString toText(std::string_view text);
 
 /// How a text was made to fit its place.
 struct Fit {
-    QFont font;     ///< as asked, narrower, or smaller
-    QString text;   ///< whole, or with an ellipsis where even that was not enough
+    QFont font; ///< as asked, narrower, or smaller
+    QString text; ///< whole, or with an ellipsis where even that was not enough
 };
 
 /// Makes a text fit a width in pixels by the program's one rule: narrower down to 80 %, then
-/// smaller down to 8 pixels, and only then cut with an ellipsis.
+/// smaller down to 8 pixels, and only then cut with an ellipsis. Keep the result where the same
+/// text is drawn again and again.
 Fit fitted(const QFont& font, const QString& text, int width);
 
 /// Draws a text fitted into `rect`.
