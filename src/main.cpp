@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Starts the program.
+#include "window/application.h"
+#include "window/style.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("kestrelwood"));
+    QApplication::setApplicationVersion(QStringLiteral(KESTRELWOOD_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("de.kestrelwood.Kestrelwood"));
+    window::applyStyle(application);
+    return window::Application(KESTRELWOOD_VERSION).run();
+}

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+// Keeps the windows in line with the state.
+#include "window/application.h"
+
+#include "shell/handlers.h"
+#include "window/grid_accessible.h"
+#include "window/pad_accessible.h"
+#include "window/tableau_accessible.h"
+
+#include <QAbstractEventDispatcher>
+#include <QAccessible>
+#include <QApplication>
+#include <QScopedValueRollback>
+
+namespace window {
+
+namespace {
+
+constexpr int frameTime = 16; // milliseconds
+
+/// Creates or drops a form's window.
+template <class Window, class... Owner>
+void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, Owner... owner) {
+    if (!wanted)
+        window.reset();
+    else if (!window)
+        window = std::make_unique<Window>(session, owner...);
+}
+
+} // namespace
+
+Application::Application(std::string_view version)
+    : platform_([this] { refresh(); }, [this] { return questionOwner(); }),
+      session_{programm_, platform_.platform()} {
+    programm_.Version = version;
+    QAccessible::installFactory(padAccessible);
+    QAccessible::installFactory(tableauAccessible);
+    QAccessible::installFactory(gridAccessible);
+    QApplication::setQuitOnLastWindowClosed(false);
+    nextFrame_.setSingleShot(true);
+    nextFrame_.setTimerType(Qt::PreciseTimer);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+        &Application::refreshInTime);
+}
+
+int Application::run() {
+    Frm_Start::Form_Load(programm_);
+    refresh();
+    return QApplication::exec();
+}
+
+void Application::refreshInTime() {
+    const auto left = frameTime - sinceRefresh_.elapsed();
+    if (left <= 0)
+        refresh();
+    else if (!nextFrame_.isActive())
+        nextFrame_.start(static_cast<int>(left)); // waking up is all it has to do
+}
+
+void Application::refresh() {
+    if (refreshing_)
+        return;
+    const QScopedValueRollback<bool> guard(refreshing_, true);
+    const forms::MainForm& form = programm_.Frm_Main;
+    keep(start_, programm_.Frm_Start.Visible, session_);
+    if (start_)
+        start_->refresh();
+    if (form.Loaded) {
+        keep(main_, true, session_);
+        main_->refresh();
+        if (form.Visible && !main_->isVisible())
+            main_->show();
+        QWidget* owner = main_.get();
+        keep(progress_, programm_.Frm_Progressbar.Visible, session_, owner);
+        keep(info_, programm_.Frm_Info.Loaded, session_, owner);
+    }
+    if (progress_)
+        progress_->refresh();
+    if (progress_ && !progress_->isVisible())
+        progress_->show();
+    if (info_)
+        info_->refresh();
+    sinceRefresh_.start();
+}
+
+QWidget* Application::questionOwner() const {
+    // Never the progress dialog: it may go while the question is still open.
+    if (info_ && info_->isActiveWindow())
+        return info_.get();
+    return main_.get();
+}
+
+} // namespace window

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The program as a whole: state, surroundings and windows.
+#pragma once
+
+#include "forms/programm.h"
+#include "window/info_window.h"
+#include "window/main_window.h"
+#include "window/progress_window.h"
+#include "window/real_platform.h"
+#include "window/start_window.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <string_view>
+
+namespace window {
+
+/// Owns everything and keeps the windows in line with their forms: a window comes when its form is
+/// first shown and goes when the form is unloaded. All views look at their models once per turn of
+/// the event loop, at most once per frame, and before each turn that a long run gives.
+class Application : public QObject {
+    Q_OBJECT
+
+public:
+    /// `version` is major.minor.revision.
+    explicit Application(std::string_view version);
+
+    /// Shows the splash and serves events until the program ends. The process's exit code.
+    int run();
+
+private:
+    void refreshInTime();
+    void refresh();
+    QWidget* questionOwner() const;
+
+    forms::Programm programm_;
+    RealPlatform platform_;
+    Session session_;
+    std::unique_ptr<StartWindow> start_;
+    std::unique_ptr<MainWindow> main_;
+    // Children of the main window by the toolkit's rules too, so they must go before it.
+    std::unique_ptr<ProgressWindow> progress_;
+    std::unique_ptr<InfoWindow> info_;
+    QElapsedTimer sinceRefresh_;
+    QTimer nextFrame_;
+    bool refreshing_ = false;
+};
+
+} // namespace window

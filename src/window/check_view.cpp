@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// Brings a check box in line with its model.
+#include "window/check_view.h"
+
+#include "forms/plan.h"
+#include "shell/handlers.h"
+#include "window/control_names.h"
+#include "window/style.h"
+
+#include <QStyleOptionButton>
+
+namespace window {
+
+CheckView::CheckView(const Session& session, const forms::plan::Control& control, QWidget* parent)
+    : QCheckBox(toText(control.caption), parent), session_(session), index_(control.index) {
+    setObjectName(controlName(control.name, control.index));
+    setGeometry(toPixels(control.place));
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QRect room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+    setFont(fitted(font(), text(), room.width()).font);
+}
+
+void CheckView::nextCheckState() {
+    Frm_Main::Check_Click(session_.programm, session_.platform, index_);
+    refresh();
+}
+
+void CheckView::refresh() {
+    setChecked(session_.programm.Frm_Main.Check[static_cast<std::size_t>(index_)].Value != 0);
+}
+
+} // namespace window

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// Hands what is typed into the count box to the program and keeps back what it drops.
+#include "window/count_box.h"
+
+#include "forms/plan.h"
+#include "shell/handlers.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace window {
+
+namespace {
+
+constexpr char16_t enter = 13;
+
+} // namespace
+
+CountBox::CountBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
+    : TextBoxView(session, control, parent) {
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        Frm_Main::Text_Change(this->session().programm, index(), text.toStdString());
+    });
+}
+
+bool CountBox::passes(QChar typed) const {
+    auto code = static_cast<std::int16_t>(typed.unicode());
+    Frm_Main::Text_KeyPress(session().programm, session().platform, index(), code);
+    return code != 0;
+}
+
+void CountBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        passes(QChar(enter));
+        return;
+    }
+    const QString typed = event->text();
+    if (!typed.isEmpty() && typed.front().isPrint() && !passes(typed.front()))
+        return;
+    QLineEdit::keyPressEvent(event);
+}
+
+void CountBox::inputMethodEvent(QInputMethodEvent* event) {
+    QString typed = event->commitString();
+    typed.removeIf([this](QChar character) { return !passes(character); });
+    QInputMethodEvent rest(event->preeditString(), event->attributes());
+    rest.setCommitString(typed, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&rest);
+}
+
+} // namespace window

@@ -1,0 +1,321 @@
+// SPDX-License-Identifier: MIT
+// Builds the main window from the plan and connects its controls.
+#include "window/main_window.h"
+
+#include "shell/handlers.h"
+#include "stats/m_chancen.h"
+#include "window/check_view.h"
+#include "window/control_names.h"
+#include "window/count_box.h"
+#include "window/family_box.h"
+#include "window/fitted_label.h"
+#include "window/frame_panel.h"
+#include "window/grid_view.h"
+#include "window/marking_box.h"
+#include "window/pad_view.h"
+#include "window/pictures.h"
+#include "window/style.h"
+#include "window/tableau_view.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace window {
+
+namespace plan = forms::plan;
+using plan::Name;
+
+namespace {
+
+constexpr int undoButton = 0;
+constexpr int resetButton = 1;
+constexpr int labelGap = 2; // pixels between a label and the control behind it
+
+/// The frame a window manager usually draws, until the real one is known.
+constexpr QMargins likelyFrame(4, 30, 4, 4);
+
+struct TabStop {
+    Name name;
+    int index;
+};
+constexpr std::array tabStops{
+    TabStop{Name::xpFrame, 2},
+    TabStop{Name::Text, 0},
+    TabStop{Name::xpButton, 2},
+    TabStop{Name::xpButton, 0},
+    TabStop{Name::xpButton, 1},
+    TabStop{Name::xpButton, 3},
+    TabStop{Name::xpCombo, 0},
+    TabStop{Name::Grid, 0},
+    TabStop{Name::Check, 0},
+    TabStop{Name::Check, 1},
+    TabStop{Name::Text, 1},
+    TabStop{Name::xpButton, 4},
+    TabStop{Name::Text, 2},
+    TabStop{Name::xpButton, 5},
+};
+
+/// What a screen reader calls a control that shows no name of its own, or not a whole one.
+struct Spoken {
+    Name name;
+    int index;
+    std::string_view text;
+};
+constexpr std::array spokenNames{
+    Spoken{Name::Text, 0, "Autom."},
+    Spoken{Name::Text, 1, "Pleins Markieren die genau … mal gefallen sind"},
+    Spoken{Name::Text, 2, "Pleins Markieren die mind. … mal gefallen sind"},
+    Spoken{Name::xpCombo, 0, "Sortierung"},
+};
+constexpr std::array spokenDescriptions{
+    Spoken{Name::xpButton, 0, "Nimmt den letzten Coup zurück."},
+    Spoken{Name::xpButton, 1, "Löscht die ganze Permanenz."},
+    Spoken{Name::xpButton, 4, "Löscht die Markierung der genau so oft gefallenen Pleins."},
+    Spoken{Name::xpButton, 5, "Löscht die Markierung der mindestens so oft gefallenen Pleins."},
+    Spoken{Name::xpCombo, 0, "Chancen, nach denen die Permanenz sortiert ist."},
+};
+
+template <class Table>
+QString spoken(const Table& table, const plan::Control& control) {
+    for (const Spoken& row : table)
+        if (row.name == control.name && row.index == control.index)
+            return toText(row.text);
+    return {};
+}
+
+bool besideEachOther(const controls::Rect& one, const controls::Rect& other) {
+    return one.top < other.bottom() && other.top < one.bottom();
+}
+
+/// The width in pixels from a label's left edge to what stands behind it: the next control, or
+/// the panel's edge.
+int roomOf(
+    const plan::Control& label, std::span<const plan::Control> neighbours, const QWidget& panel) {
+    const QRect place = toPixels(label.place);
+    int end = panel.width();
+    for (const plan::Control& other : neighbours)
+        if (other.place.left > label.place.left && besideEachOther(label.place, other.place))
+            end = std::min(end, toPixels(other.place).left());
+    return end - labelGap - place.left();
+}
+
+/// A palette whose disabled colours are the usual ones: locking the window for a run then shows no
+/// grey flicker.
+QPalette evenPalette(QPalette palette) {
+    for (int i = 0; i < QPalette::NColorRoles; ++i) {
+        const auto role = static_cast<QPalette::ColorRole>(i);
+        palette.setBrush(QPalette::Disabled, role, palette.brush(QPalette::Active, role));
+    }
+    return palette;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const Session& session) : session_(session), area_(new QScrollArea(this)) {
+    setObjectName(controlName(Name::Frm_Main));
+    setWindowTitle(toText(plan::MainCaption));
+    setWindowIcon(programIcon());
+    setPalette(evenPalette(palette()));
+    buildMenu();
+    auto* content = new QWidget;
+    content->setFixedSize(toPixels(plan::MainClient).size());
+    buildPanel(plan::Panels[0], plan::Eingabe, content);
+    buildPanel(plan::Panels[1], plan::Sortierung, content);
+    buildPanel(plan::Panels[2], plan::Tableau, content);
+    area_->setWidget(content);
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setFocusPolicy(Qt::NoFocus);
+    setCentralWidget(area_);
+    addUndoKey();
+    setTabStops();
+    refresh();
+    fitToScreen();
+}
+
+void MainWindow::buildMenu() {
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&Datei"));
+    addEntry(*file, QStringLiteral("&Laden"), QKeySequence::Open, Frm_Main::M_Laden_Click);
+    addEntry(*file, QStringLiteral("&Speichern"), QKeySequence::Save, Frm_Main::M_Speichern_Click);
+    addEntry(*file, QStringLiteral("&Reset"), {}, Frm_Main::M_Reset_Click);
+    addEntry(*file, QStringLiteral("&Beenden"), Qt::CTRL | Qt::Key_Q, Frm_Main::M_Beenden_Click);
+    QAction* info = menuBar()->addAction(QStringLiteral("&Info"));
+    connect(info, &QAction::triggered, this,
+        [this] { Frm_Main::M_Info_Click(session_.programm, session_.platform); });
+}
+
+void MainWindow::addEntry(
+    QMenu& menu, const QString& caption, const QKeySequence& shortcut, Handler handler) {
+    QAction* entry = menu.addAction(caption);
+    entry->setShortcut(shortcut);
+    entry->setMenuRole(QAction::NoRole);
+    connect(entry, &QAction::triggered, this,
+        [this, handler] { handler(session_.programm, session_.platform); });
+}
+
+void MainWindow::buildPanel(const plan::Control& panel, Controls controls, QWidget* content) {
+    auto* frame = new FramePanel(panel, content);
+    if (panel.name == plan::Panels[2].name && panel.index == plan::Panels[2].index) {
+        auto* tableau = new TableauView(session_, frame);
+        views_.push_back(tableau);
+    }
+    for (const plan::Control& control : controls) {
+        QWidget* widget = build(control, controls, frame);
+        const QString name = spoken(spokenNames, control);
+        if (!name.isEmpty())
+            widget->setAccessibleName(name);
+        widget->setAccessibleDescription(spoken(spokenDescriptions, control));
+        if (auto* view = dynamic_cast<View*>(widget))
+            views_.push_back(view);
+    }
+}
+
+QWidget* MainWindow::build(const plan::Control& control, Controls neighbours, QWidget* panel) {
+    switch (control.name) {
+    case Name::Image1:
+        return makePicture(Picture::Icon, control, QStringLiteral("Programmsymbol"), panel);
+    case Name::xpFrame: {
+        auto* pad = new PadView(session_, panel);
+        pad->setObjectName(controlName(control.name, control.index));
+        return pad;
+    }
+    case Name::Text:
+        return buildTextBox(control, panel);
+    case Name::xpButton:
+        return buildButton(control, panel);
+    case Name::xpCombo:
+        return new FamilyBox(session_, control, panel);
+    case Name::Grid: {
+        auto* grid = new GridView(session_.programm.Frm_Main.Grid[0], panel);
+        grid->setObjectName(controlName(control.name, control.index));
+        return grid;
+    }
+    case Name::Check:
+        return new CheckView(session_, control, panel);
+    default:
+        return buildLabel(control, neighbours, panel);
+    }
+}
+
+QWidget* MainWindow::buildLabel(const plan::Control& control, Controls neighbours, QWidget* panel) {
+    auto* label = new FittedLabel(control, roomOf(control, neighbours, *panel), panel);
+    if (control.name == Name::Label && control.index == 4)
+        fallen_ = label;
+    return label;
+}
+
+QWidget* MainWindow::buildTextBox(const plan::Control& control, QWidget* panel) {
+    if (control.index == 0)
+        return new CountBox(session_, control, panel);
+    return new MarkingBox(session_, control, panel);
+}
+
+QWidget* MainWindow::buildButton(const plan::Control& control, QWidget* panel) {
+    auto* button = new QPushButton(toText(control.caption), panel);
+    button->setObjectName(controlName(control.name, control.index));
+    button->setGeometry(toPixels(control.place));
+    if (control.index == resetButton) {
+        // Its letter is the undo button's. With two owners the key would press neither, and the
+        // one that can't be taken back must not be the lucky one.
+        button->setText(button->text().remove(u'&'));
+        button->setShortcut({});
+    }
+    connect(button, &QPushButton::clicked, this, [this, index = control.index] {
+        Frm_Main::xpButton_Click(session_.programm, session_.platform, index);
+    });
+    return button;
+}
+
+void MainWindow::addUndoKey() {
+    // Owned by the content, so that it is locked along with it.
+    auto* undo = new QShortcut(QKeySequence::Undo, area_->widget());
+    connect(undo, &QShortcut::activated, this,
+        [this] { Frm_Main::xpButton_Click(session_.programm, session_.platform, undoButton); });
+}
+
+void MainWindow::setTabStops() {
+    QWidget* before = nullptr;
+    for (const TabStop& stop : tabStops) {
+        auto* widget = findChild<QWidget*>(controlName(stop.name, stop.index));
+        if (before)
+            setTabOrder(before, widget);
+        else
+            widget->setFocus();
+        before = widget;
+    }
+}
+
+void MainWindow::fitToScreen() {
+    const QWindow* frame = windowHandle();
+    const QMargins margins
+        = frame && !frame->frameMargins().isNull() ? frame->frameMargins() : likelyFrame;
+    const QRect room = screen()->availableGeometry().marginsRemoved(margins);
+    QSize size = area_->widget()->size() + QSize(0, menuBar()->sizeHint().height());
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    if (size.height() > room.height())
+        size.rwidth() += scrollBar;
+    if (size.width() > room.width())
+        size.rheight() += scrollBar;
+    size = size.boundedTo(room.size());
+    resize(size);
+    const QPoint topLeft = room.center() - QRect(QPoint(), size).center();
+    move(topLeft - QPoint(margins.left(), margins.top())); // move() places the frame
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow() || fitted_)
+        return;
+    // Only now is the frame's size known for sure.
+    fitted_ = true;
+    if (!isMaximized() && !screen()->availableGeometry().contains(frameGeometry()))
+        fitToScreen();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    Frm_Main::Form_Unload(session_.programm, session_.platform);
+}
+
+void MainWindow::refresh() {
+    for (View* view : views_)
+        view->refresh();
+    fallen_->showText(toText(M_Chancen::Beschriftung(session_.programm, Name::Label, 4)));
+    refreshLock();
+    refreshFocus();
+}
+
+void MainWindow::refreshLock() {
+    const forms::MainForm& form = session_.programm.Frm_Main;
+    const bool busy
+        = !form.Enabled || (form.InHandler && session_.programm.Frm_Progressbar.Visible);
+    if (busy != testAttribute(Qt::WA_SetCursor))
+        busy ? setCursor(Qt::WaitCursor) : unsetCursor();
+    if (form.Enabled == area_->isEnabled())
+        return;
+    if (!form.Enabled)
+        focusBefore_ = focusWidget();
+    area_->setEnabled(form.Enabled);
+    menuBar()->setEnabled(form.Enabled);
+    if (form.Enabled && focusBefore_)
+        focusBefore_->setFocus();
+}
+
+void MainWindow::refreshFocus() {
+    const std::uint64_t requests = session_.programm.Frm_Main.FocusRequests;
+    if (requests == focusRequests_)
+        return;
+    focusRequests_ = requests;
+    // Not over another program that the user has turned to meanwhile.
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive)
+        activateWindow();
+}
+
+} // namespace window

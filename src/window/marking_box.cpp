@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// Hands a click on a marking box to the program.
+#include "window/marking_box.h"
+
+#include "forms/plan.h"
+#include "shell/handlers.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace window {
+
+MarkingBox::MarkingBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
+    : TextBoxView(session, control, parent) {
+    setReadOnly(true);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void MarkingBox::ask() {
+    Frm_Main::Text_Click(session().programm, session().platform, index());
+    refresh();
+}
+
+void MarkingBox::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        deselect();
+        ask();
+    }
+}
+
+void MarkingBox::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!event->isAutoRepeat())
+            ask();
+        return;
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+} // namespace window

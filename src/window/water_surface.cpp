@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// Copies the picture's cells to where the water has taken them.
+#include "window/water_surface.h"
+
+#include "window/control_names.h"
+#include "window/pictures.h"
+#include "window/style.h"
+
+#include <QPainter>
+#include <QWindow>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+
+namespace window {
+
+namespace {
+
+constexpr std::chrono::milliseconds frameTime{16};
+constexpr int border = 2; // pixels
+
+} // namespace
+
+WaterSurface::WaterSurface(
+    const Session& session, const forms::plan::Control& control, QWidget* parent)
+    : QFrame(parent), session_(session), fineness_(devicePixelRatioF() > 1 ? 2 : 1),
+      source_(
+          loadPicture(Picture::Icon, devicePixelRatioF()).convertToFormat(QImage::Format_RGB32)) {
+    setObjectName(controlName(control.name, control.index));
+    setAccessibleName(QStringLiteral("Programmsymbol unter Wasser"));
+    setFrameStyle(QFrame::WinPanel | QFrame::Sunken);
+    setLineWidth(border);
+    setGeometry(toPixels(control.place));
+    surface_ = QImage(contentsRect().size() * fineness_, QImage::Format_RGB32);
+    surface_.fill(toColor(controls::ActiveTitle));
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.setInterval(frameTime);
+    connect(&timer_, &QTimer::timeout, this, &WaterSurface::animate);
+}
+
+int WaterSurface::breite() const {
+    return contentsRect().width();
+}
+
+int WaterSurface::hoehe() const {
+    return contentsRect().height();
+}
+
+void WaterSurface::kopieren(int quelleX, int quelleY, int x, int y) {
+    const int size = Unterwassereffekt::Zellgroesse * fineness_;
+    const QPoint from(quelleX * fineness_, quelleY * fineness_);
+    const QPoint shift = QPoint(x, y) * fineness_ - from;
+    const QRect block = QRect(from, QSize(size, size))
+                            .intersected(source_.rect())
+                            .intersected(surface_.rect().translated(-shift));
+    if (block.isEmpty())
+        return;
+    const auto start = static_cast<std::size_t>(block.left());
+    const auto target = static_cast<std::size_t>(block.left() + shift.x());
+    const auto bytes = static_cast<std::size_t>(block.width()) * sizeof(QRgb);
+    for (int row = block.top(); row <= block.bottom(); ++row)
+        std::memcpy(reinterpret_cast<QRgb*>(surface_.scanLine(row + shift.y())) + target,
+            reinterpret_cast<const QRgb*>(source_.constScanLine(row)) + start, bytes);
+}
+
+void WaterSurface::animate() {
+    const QWindow* screenWindow = window()->windowHandle();
+    if (!screenWindow || !screenWindow->isExposed())
+        return;
+    Unterwassereffekt::Wasser_Animieren(session_.programm, session_.platform.clock, *this);
+    update(contentsRect());
+}
+
+void WaterSurface::paintEvent(QPaintEvent* event) {
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(contentsRect(), surface_);
+}
+
+void WaterSurface::showEvent(QShowEvent* event) {
+    QFrame::showEvent(event);
+    timer_.start();
+}
+
+void WaterSurface::hideEvent(QHideEvent* event) {
+    timer_.stop();
+    QFrame::hideEvent(event);
+}
+
+} // namespace window
