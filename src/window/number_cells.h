@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// What pad and tableau share: numbers drawn so that they can be read on any of their grounds, and
+// what a number's cell tells a screen reader.
+#pragma once
+
+#include "forms/programm.h"
+#include "window/style.h"
+
+#include <QString>
+
+class QPainter;
+
+namespace window {
+
+/// How strongly two opaque colours stand out from each other, 1 (equal) to 21.
+double contrast(const QColor& one, const QColor& other);
+
+/// Draws digits into `rect`, placed by the height of the digits themselves rather than by the
+/// font's lines. Where `fore` hardly stands out from `back`, the digits get a thin edge; their own
+/// colour stays.
+void drawDigits(QPainter& painter, const QRect& rect, Qt::Alignment alignment, const Fit& fit,
+    const QColor& fore, const QColor& back);
+
+/// What a cell of `number` shows beside the number, in words: its chances, how often it fell,
+/// whether it stands out.
+QString describe(const forms::Programm& programm, int number);
+
+} // namespace window
