@@ -38,6 +38,17 @@ public:
         set(size_++, value);
     }
 
+    /// Throws std::bad_alloc with a part of the values appended.
+    void append(std::span<const T> values) {
+        while (!values.empty()) {
+            const std::span<T> free = spare();
+            const std::size_t count = std::min(free.size(), values.size());
+            std::copy_n(values.begin(), count, free.begin());
+            grow(static_cast<std::int64_t>(count));
+            values = values.subspan(count);
+        }
+    }
+
     /// Takes the last value off. One spare chunk is kept, so that stepping to and fro over a
     /// chunk's edge costs no allocation.
     void pop_back() {

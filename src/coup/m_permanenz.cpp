@@ -6,8 +6,11 @@
 #include "stats/m_chancen.h"
 #include "stats/m_tableau.h"
 
+#include <algorithm>
+#include <array>
 #include <optional>
 #include <span>
+#include <type_traits>
 
 namespace M_Permanenz {
 
@@ -62,7 +65,76 @@ void anhaengen(controls::Grid& grid, forms::Uebergang& fertig, int zahl, Make ma
     grid.AddPattern(fertig.nachher);
 }
 
+/// The ready-made rows of a number, where both are known.
+struct Zeilenpaar {
+    bool bekannt = false;
+    controls::PatternId sicht = 0;
+    controls::PatternId speicher = 0;
+};
+
+std::array<Zeilenpaar, chances::NumberCount> zeilenpaare(Programm& programm) {
+    Fertigzeilen_Pruefen(programm);
+    const forms::Fertigzeilen& fertig = programm.Fertig;
+    std::array<Zeilenpaar, chances::NumberCount> paare{};
+    for (std::size_t z = 0; z < paare.size(); ++z) {
+        const forms::Uebergang& bloss = fertig.sicht[z];
+        const forms::Uebergang& marken = fertig.marken[z];
+        paare[z] = {bloss.bekannt && fertig.speicher[z].bekannt && marken.bekannt
+                && marken.vorher == bloss.nachher,
+            marken.nachher, fertig.speicher[z].nachher};
+    }
+    return paare;
+}
+
+/// Takes in coups from the front of `zahlen` as long as their rows are ready-made and the grids'
+/// chunks have room; gives how many.
+std::size_t fertigeCoups(Programm& programm, std::span<const std::uint8_t> zahlen) {
+    forms::MainForm& form = programm.Frm_Main;
+    const auto paare = zeilenpaare(programm);
+    std::array<std::int64_t, chances::NumberCount> anzahl{};
+    const std::size_t count = form.Grid[0].Ids().visit([&](auto& sicht) {
+        return form.Grid[1].Ids().visit([&](auto& speicher) {
+            const auto sichtraum = sicht.spare();
+            const auto speicherraum = speicher.spare();
+            const std::size_t most
+                = std::min({zahlen.size(), sichtraum.size(), speicherraum.size()});
+            std::size_t i = 0;
+            for (; i < most && paare[zahlen[i]].bekannt; ++i) {
+                const Zeilenpaar& paar = paare[zahlen[i]];
+                sichtraum[i]
+                    = static_cast<std::remove_reference_t<decltype(sichtraum[i])>>(paar.sicht);
+                speicherraum[i] = static_cast<std::remove_reference_t<decltype(speicherraum[i])>>(
+                    paar.speicher);
+                ++anzahl[zahlen[i]];
+            }
+            sicht.grow(static_cast<std::int64_t>(i));
+            speicher.grow(static_cast<std::int64_t>(i));
+            return i;
+        });
+    });
+    if (count == 0)
+        return 0;
+    form.Coup += static_cast<std::int64_t>(count);
+    form.Plein = zahlen[count - 1];
+    form.Grid[1].Refresh();
+    form.Grid[0].Refresh();
+    M_Chancen::Anzahlen_Erhoehen(programm, anzahl);
+    M_Tableau::Tableau_Aktualisieren(programm);
+    return count;
+}
+
 } // namespace
+
+void Coups_Aufnehmen(Programm& programm, std::span<const std::uint8_t> zahlen) {
+    while (!zahlen.empty()) {
+        zahlen = zahlen.subspan(fertigeCoups(programm, zahlen));
+        // The next one's rows have to be made first, or a new chunk begun.
+        if (!zahlen.empty()) {
+            Coup_Aufnehmen(programm, zahlen.front());
+            zahlen = zahlen.subspan(1);
+        }
+    }
+}
 
 void Coup_Aufnehmen(Programm& programm, int zahl) {
     forms::MainForm& form = programm.Frm_Main;

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <memory>
 #include <new>
+#include <span>
 
 namespace files {
 
@@ -22,29 +23,31 @@ inline constexpr std::size_t Notvorrat = 1 << 20;
 /// Whether the sorted view follows the new coups while the run goes on.
 enum class Ansicht { Folgt, Bleibt };
 
-/// Takes in `gesamt` coups whose numbers, 0 to 36, `naechste(i)` gives for i from 1, with the
-/// progress dialog and the main window closed to input. Ends early when the user cancels, when the
-/// program is to end, or, with a message, when memory gives out; the coups so far are kept.
+/// Takes in `gesamt` coups in blocks, with the progress dialog and the main window closed to input.
+/// `naechste(i, most)` gives the numbers, 0 to 36, of the coups from i on (counted from 0), at
+/// least one and at most `most` of them. Ends early when the user cancels, when the program is to
+/// end, or, with a message, when memory gives out; the coups so far are kept.
 template <class Naechste>
 void Coups_Aufnehmen(forms::Programm& programm, platform::Platform& platform, std::int64_t gesamt,
     Ansicht ansicht, Naechste naechste) {
     auto vorrat = std::make_unique_for_overwrite<std::byte[]>(Notvorrat);
     progress::Pace pace(platform);
-    std::int64_t i = 0;
+    forms::MainForm& form = programm.Frm_Main;
+    const std::int64_t vorher = form.Coup;
     try {
-        while (i < gesamt && !progress::Abgebrochen(programm)) {
-            const std::int64_t last = std::min(i + progress::BlockSize, gesamt);
-            for (; i < last; ++i)
-                M_Permanenz::Coup_Aufnehmen(programm, naechste(i + 1));
-            programm.Frm_Main.Grid[0].Refresh();
+        for (std::int64_t i = 0; i < gesamt && !progress::Abgebrochen(programm);) {
+            const std::span<const std::uint8_t> zahlen
+                = naechste(i, std::min(progress::BlockSize, gesamt - i));
+            M_Permanenz::Coups_Aufnehmen(programm, zahlen);
+            i = form.Coup - vorher;
             if (ansicht == Ansicht::Folgt)
-                programm.Frm_Main.Grid[0].ScrollRow(programm.Frm_Main.Coup);
-            progress::Melden(programm, programm.Frm_Main.Coup, gesamt, i);
+                form.Grid[0].ScrollRow(form.Coup);
+            progress::Melden(programm, form.Coup, gesamt, i);
             pace.turn();
         }
     } catch (const std::bad_alloc&) {
         vorrat.reset();
-        progress::Melden(programm, programm.Frm_Main.Coup, gesamt, i);
+        progress::Melden(programm, form.Coup, gesamt, form.Coup - vorher);
         Meldung_Speicher(platform);
     }
 }

@@ -5,7 +5,9 @@
 #include "files/coup_lauf.h"
 #include "files/zeilenleser.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace M_Eingabe {
@@ -66,12 +68,11 @@ std::error_code schreiben(
 void anhaengen(forms::Programm& programm, platform::Platform& platform, files::Zeilenleser& leser) {
     auto& zahlen = leser.zahlen();
     progress::Zeigen(programm, zahlen.size(), true);
-    files::Coups_Aufnehmen(
-        programm, platform, zahlen.size(), files::Ansicht::Folgt, [&](std::int64_t i) {
-            // What has been taken in isn't needed any more.
-            if (i % controls::Chunked<std::uint8_t>::ChunkSize == 0)
-                zahlen.release(i - 1);
-            return zahlen[i - 1];
+    files::Coups_Aufnehmen(programm, platform, zahlen.size(), files::Ansicht::Folgt,
+        [&](std::int64_t i, std::int64_t most) {
+            zahlen.release(i); // what has been taken in isn't needed any more
+            const auto run = std::as_const(zahlen).run(i);
+            return run.first(std::min(run.size(), static_cast<std::size_t>(most)));
         });
 }
 

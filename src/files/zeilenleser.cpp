@@ -2,6 +2,13 @@
 // Reading the lines of a permanence file.
 #include "files/zeilenleser.h"
 
+#include <array>
+#include <bit>
+#include <cstring>
+#include <optional>
+#include <span>
+#include <utility>
+
 namespace files {
 
 namespace {
@@ -10,22 +17,106 @@ constexpr unsigned HighestNumber = 36;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr unsigned NoMarkAnyMore = 4;
 
+constexpr std::size_t PieceSize = 64;
+constexpr std::size_t WordSize = 8;
+
+std::uint64_t word(const char* text) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, text, WordSize);
+    return bytes;
+}
+
+/// The places of LF among the 64 bytes from `text` on, one bit each.
+std::uint64_t lineFeeds(const char* text) {
+    constexpr std::uint64_t ones = 0x0101010101010101U;
+    constexpr std::uint64_t low = 0x7F * ones;
+    std::uint64_t places = 0;
+    for (std::size_t i = 0; i < PieceSize / WordSize; ++i) {
+        const std::uint64_t other = word(text + i * WordSize) ^ ('\n' * ones);
+        // The top bit of each byte that is LF, exactly: no carry leaves its byte.
+        const std::uint64_t found = ~(((other & low) + low) | other | low);
+        // The multiplication gathers the eight top bits in one byte.
+        places |= (((found >> 7) * 0x0102040810204080U) >> 56) << (i * WordSize);
+    }
+    return places;
+}
+
+/// The number of a line that is one digit or two, with at most one blank on either side and a CR
+/// at the end; nothing for any other line, valid or not. Made without branches, for the digits of
+/// a permanence can't be foreseen. `length` is below 8, and 8 bytes can be read from `line` on.
+std::optional<unsigned> usualLine(const char* line, std::size_t length) {
+    std::uint64_t rest = word(line) & ((std::uint64_t{1} << (8 * length)) - 1);
+    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
+    const auto first = static_cast<unsigned>(rest & 0xFF) - '0';
+    const auto second = static_cast<unsigned>(rest >> 8 & 0xFF) - '0';
+    const bool two = second <= 9;
+    const unsigned value = two ? 10 * first + second : first;
+    rest >>= two ? 16 : 8;
+    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
+    const bool ends = (rest == 0) | (rest == '\r');
+    return ends & (first <= 9) & (value <= HighestNumber) ? std::optional(value) : std::nullopt;
+}
+
 } // namespace
 
 void Zeilenleser::lesen(std::string_view block) {
-    for (const char c : block) {
-        if (marke_ < ByteOrderMark.size()) {
-            if (c == ByteOrderMark[marke_]) {
-                ++marke_;
-                continue;
-            }
+    block = ohneMarke(block);
+    while (!block.empty()) {
+        if (stelle_ == Stelle::Anfang)
+            block = ganzeZeilen(block);
+        // A line that runs over the end of a block, or out of the ordinary.
+        const std::size_t feed = block.find('\n');
+        const std::size_t length = feed == std::string_view::npos ? block.size() : feed + 1;
+        for (const char c : block.substr(0, length))
+            zeichen(c);
+        block.remove_prefix(length);
+    }
+}
+
+std::string_view Zeilenleser::ohneMarke(std::string_view block) {
+    while (marke_ < ByteOrderMark.size() && !block.empty()) {
+        if (block.front() != ByteOrderMark[marke_]) {
             // The beginning of a mark that is none is text like any other, and not a number.
             if (marke_ > 0)
                 stelle_ = Stelle::Ungueltig;
             marke_ = NoMarkAnyMore;
+            break;
         }
-        zeichen(c);
+        ++marke_;
+        block.remove_prefix(1);
     }
+    return block;
+}
+
+/// Reads usual lines from the beginning of a line on; gives what is left, which begins with a line
+/// that is unusual or too near to the end of the block.
+std::string_view Zeilenleser::ganzeZeilen(std::string_view block) {
+    if constexpr (std::endian::native != std::endian::little)
+        return block;
+    std::array<std::uint8_t, 16 * PieceSize> numbers{};
+    std::size_t count = 0;
+    const char* line = block.data();
+    const char* const end = block.data() + block.size();
+    const auto keep = [&] { zahlen_.append(std::span(numbers).first(std::exchange(count, 0))); };
+    for (const char* piece = line; end - piece >= std::ptrdiff_t{PieceSize + WordSize};
+         piece += PieceSize) {
+        if (count > numbers.size() - PieceSize)
+            keep();
+        for (std::uint64_t feeds = lineFeeds(piece); feeds != 0; feeds &= feeds - 1) {
+            const char* const feed = piece + std::countr_zero(feeds);
+            const auto length = static_cast<std::size_t>(feed - line);
+            const auto value
+                = length < WordSize ? usualLine(line, length) : std::optional<unsigned>();
+            if (!value) {
+                keep();
+                return {line, static_cast<std::size_t>(end - line)};
+            }
+            numbers[count++] = static_cast<std::uint8_t>(*value);
+            line = feed + 1;
+        }
+    }
+    keep();
+    return {line, static_cast<std::size_t>(end - line)};
 }
 
 void Zeilenleser::ende() {

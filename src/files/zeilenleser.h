@@ -9,7 +9,8 @@
 
 namespace files {
 
-/// Takes a file block by block and keeps the number of every valid line in one byte.
+/// Takes a file block by block and keeps the number of every valid line in one byte. Lines that
+/// look like almost all lines do are read eight bytes at a time, the others letter by letter.
 ///
 /// A line ends at CR, CR LF or a lone LF; the last one needs no end. It is valid if it holds, apart
 /// from blanks and tabs at either end, decimal digits alone and their value is 0 to 36. A byte
@@ -28,6 +29,8 @@ public:
 private:
     enum class Stelle { Anfang, Zahl, Danach, Ungueltig };
 
+    std::string_view ohneMarke(std::string_view block);
+    std::string_view ganzeZeilen(std::string_view block);
     void zeichen(char c);
     void zeilenende();
 

@@ -6,8 +6,10 @@
 #include "files/zufall.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
+#include <span>
 
 namespace M_Eingabe {
 
@@ -39,10 +41,16 @@ void Zufallsserie(forms::Programm& programm, platform::Platform& platform) {
     }
     form.Enabled = false;
     progress::Zeigen(programm, *n, true);
-    files::Coups_Aufnehmen(programm, platform, *n, files::Ansicht::Bleibt, [&](std::int64_t) {
-        Zufall::Saeen(programm.Zufall, platform.clock.now());
-        return Zufall::Zahl(Zufall::Ziehen(programm.Zufall));
-    });
+    std::array<std::uint8_t, progress::BlockSize> gezogen{};
+    files::Coups_Aufnehmen(
+        programm, platform, *n, files::Ansicht::Bleibt, [&](std::int64_t, std::int64_t most) {
+            const auto zahlen = std::span(gezogen).first(static_cast<std::size_t>(most));
+            for (std::uint8_t& zahl : zahlen) {
+                Zufall::Saeen(programm.Zufall, platform.clock.now());
+                zahl = static_cast<std::uint8_t>(Zufall::Zahl(Zufall::Ziehen(programm.Zufall)));
+            }
+            return zahlen;
+        });
     form.Enabled = true;
     ++form.FocusRequests;
     progress::Form_Unload(programm);

@@ -42,6 +42,15 @@ void Chancen_Zaehlen(Programm& programm) {
     programm.Chancen.geaendert |= chances::NumberSet{1} << z;
 }
 
+void Anzahlen_Erhoehen(
+    Programm& programm, const std::array<std::int64_t, chances::NumberCount>& anzahl) {
+    for (std::size_t z = 0; z < anzahl.size(); ++z) {
+        programm.Chancen.Anz_Plein[z] += anzahl[z];
+        if (anzahl[z] != 0)
+            programm.Chancen.geaendert |= chances::NumberSet{1} << z;
+    }
+}
+
 std::int64_t Anz_Noir(const Programm& programm) {
     return anzahl(programm, Name::XPLabel_N);
 }

@@ -5,6 +5,7 @@
 #include "forms/plan.h"
 #include "forms/programm.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -18,6 +19,10 @@ void Chancen_Coup(Programm& programm);
 
 /// Raises every counter that the current number, Plein (0 to 36), belongs to.
 void Chancen_Zaehlen(Programm& programm);
+
+/// Raises the counts of many coups at once, by how often each number fell among them.
+void Anzahlen_Erhoehen(
+    Programm& programm, const std::array<std::int64_t, chances::NumberCount>& anzahl);
 
 std::int64_t Anz_Noir(const Programm& programm);
 std::int64_t Anz_Rouge(const Programm& programm);

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// What the work costs with nothing around it: the measure that the program's times are held to.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// The counts of the 37 numbers, so that no loop can be dropped and results can be compared.
+using Counts = std::vector<std::int64_t>;
+
+/// Reads a file in blocks of 64 KiB, finds the line ends, checks each line, stores one byte per
+/// valid line and counts the numbers.
+Counts bareLoad(const std::string& file);
+
+/// Reads the clock, mixes it in, draws and floors `count` times; stores one byte each and counts.
+Counts bareDraw(std::int64_t count);
+
+/// Writes the mark of each row's number into `rows`, one byte each.
+void bareResort(const std::vector<std::uint8_t>& numbers,
+    const std::array<std::uint8_t, 256>& marks, std::vector<std::uint8_t>& rows);
+
+} // namespace bench
