@@ -1,0 +1,57 @@
+# SPDX-License-Identifier: MIT
+# What `cmake --install` puts where, below any prefix and DESTDIR.
+
+# Of the release whose number project() gives.
+set(KESTRELWOOD_DATE 2026-11-22)
+
+# A lax umask of whoever installs mustn't let others write.
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(data ${PROJECT_SOURCE_DIR}/data)
+set(made ${PROJECT_BINARY_DIR}/install)
+
+# The program looks for its melody beside itself, and a folder of commands is no place for one. So
+# both have a folder of their own, and the command is a link, which the program sees through.
+set(home ${CMAKE_INSTALL_LIBEXECDIR}/${PROJECT_NAME})
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBEXECDIR
+    BASE_DIRECTORY ${CMAKE_INSTALL_FULL_BINDIR} OUTPUT_VARIABLE way)
+file(MAKE_DIRECTORY ${made})
+file(CREATE_LINK ${way}/${PROJECT_NAME}/${PROJECT_NAME} ${made}/${PROJECT_NAME} SYMBOLIC)
+install(TARGETS kestrelwood RUNTIME DESTINATION ${home})
+install(FILES ${PROJECT_BINARY_DIR}/info.mid DESTINATION ${home})
+install(FILES ${made}/${PROJECT_NAME} DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+# All of the desktop's files bear the one id.
+configure_file(${data}/${KESTRELWOOD_ID}.desktop.in ${made}/${KESTRELWOOD_ID}.desktop @ONLY)
+configure_file(
+    ${data}/${KESTRELWOOD_ID}.metainfo.xml.in ${made}/${KESTRELWOOD_ID}.metainfo.xml @ONLY)
+install(FILES ${made}/${KESTRELWOOD_ID}.desktop
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${made}/${KESTRELWOOD_ID}.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(DIRECTORY ${data}/icons/hicolor DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
+
+# Compressed without name and time, so that the same sources give the same bytes.
+find_program(GZIP gzip REQUIRED)
+set(compressed)
+function(compress source target)
+    add_custom_command(
+        OUTPUT ${target}
+        COMMAND ${GZIP} -9nc ${source} > ${target}
+        DEPENDS ${source}
+        VERBATIM)
+    set(compressed ${compressed} ${target} PARENT_SCOPE)
+endfunction()
+
+foreach(language "" de)
+    configure_file(${data}/man/${language}/kestrelwood.1.in ${made}/${language}/kestrelwood.1 @ONLY)
+    compress(${made}/${language}/kestrelwood.1 ${made}/${language}/kestrelwood.1.gz)
+    install(FILES ${made}/${language}/kestrelwood.1.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/${language}/man1)
+endforeach()
+
+compress(${data}/debian/changelog ${made}/changelog.gz)
+install(FILES ${data}/debian/copyright ${made}/changelog.gz
+    DESTINATION ${CMAKE_INSTALL_DOCDIR})
+add_custom_target(install_files ALL DEPENDS ${compressed})
