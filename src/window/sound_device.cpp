@@ -13,6 +13,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <filesystem>
+#include <fstream>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -26,7 +27,6 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds LongestGoodbye{500};
 constexpr milliseconds RestCheck{500};
-constexpr int ChecksOfSilence = 2; ///< in a row, for the reverb to fade behind the last voice
 constexpr std::size_t LargestMelody = std::size_t{4} << 20U;
 constexpr double Gain = 0.5;
 constexpr int PeriodSize = 512; ///< frames; three of them are 35 ms
@@ -72,6 +72,21 @@ std::string contents(const platform::FileName& name) {
         bytes.append(block.data(), count);
     }
     return error || bytes.size() > LargestMelody ? std::string() : bytes;
+}
+
+/// Whether this is a whole soundfont, as far as its head tells. FluidSynth tries other libraries on
+/// a file that it can't read itself, and those don't keep quiet.
+bool isSoundfont(const std::string& name) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(name, error);
+    std::array<char, 12> head{};
+    if (error || !std::ifstream(name, std::ios::binary).read(head.data(), head.size()))
+        return false;
+    const auto byte
+        = [&head](std::size_t at) { return std::uintmax_t{static_cast<unsigned char>(head[at])}; };
+    const std::uintmax_t rest = byte(4) | byte(5) << 8U | byte(6) << 16U | byte(7) << 24U;
+    const std::string_view text(head.data(), head.size());
+    return text.starts_with("RIFF") && text.ends_with("sfbk") && rest + 8 <= size;
 }
 
 Player newPlayer(const Synth& synth, const std::string& melody) {
@@ -123,7 +138,8 @@ public:
         settings_ = newSettings();
         Synth synth(new_fluid_synth(settings_.get()));
         const auto loads = [&synth](const std::string& font) {
-            return fluid_synth_sfload(synth.get(), font.c_str(), 1) != FLUID_FAILED;
+            return isSoundfont(font)
+                && fluid_synth_sfload(synth.get(), font.c_str(), 1) != FLUID_FAILED;
         };
         if (synth && std::any_of(setup_.soundfonts.begin(), setup_.soundfonts.end(), loads))
             synth_ = std::move(synth);
@@ -148,19 +164,16 @@ public:
         // The player may only go when nothing asks the synthesizer for sound any more.
         driver_.reset();
         player_.reset();
-        silentChecks_ = 0;
         if (synth_)
             fluid_synth_system_reset(synth_.get());
     }
 
     bool busy() const { return driver_ != nullptr; }
 
-    /// To be called now and then: gives the sound output back once the melody has faded.
+    /// To be called now and then: gives the sound output back once the melody is over. By itself
+    /// the player lets two seconds pass for the last notes to fade.
     void rest() {
-        const bool silent = fluid_player_get_status(player_.get()) != FLUID_PLAYER_PLAYING
-            && fluid_synth_get_active_voice_count(synth_.get()) == 0;
-        silentChecks_ = silent ? silentChecks_ + 1 : 0;
-        if (silentChecks_ >= ChecksOfSilence)
+        if (fluid_player_get_status(player_.get()) != FLUID_PLAYER_PLAYING)
             stop();
     }
 
@@ -194,7 +207,6 @@ private:
     Synth synth_; ///< set once a melody is open
     Player player_;
     Driver driver_; ///< set while sound is being made
-    int silentChecks_ = 0;
 };
 
 } // namespace
@@ -222,6 +234,7 @@ public:
     }
 
     void run(const SoundSetup& setup) {
+        silenceLibraries();
         {
             Sequencer sequencer(setup);
             serve(sequencer);
@@ -324,7 +337,6 @@ void SoundDevice::open(const platform::FileName& file, std::string_view deviceTy
     if (deviceType != "Sequencer")
         return;
     if (!worker_) {
-        silenceLibraries();
         auto worker = std::make_shared<Worker>();
         try {
             thread_ = std::thread([worker, setup = setup_] { worker->run(setup); });

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+// The melody device heard through a sound file, and its silence where nothing can be heard.
+#include "window/sound_device.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using namespace std::string_literals;
+using std::chrono::steady_clock;
+
+namespace {
+
+constexpr std::size_t Header = 44; ///< bytes of a sound file before its samples
+constexpr std::size_t Second = 44100; ///< frames
+
+/// A short loud note at 0 and one at 1.5 seconds: one second of 32 quick quarters is followed by
+/// half a second for a single slow one. It ends at 1.7 seconds.
+std::string twoNotes() {
+    const std::string on = "\x90\x3c\x7f"s;
+    const std::string off = "\x80\x3c\x40"s;
+    const std::string track = "\x00\xff\x51\x03\x00\x7a\x12"s // 31,250 us for a quarter
+        + "\x00\xc0\x10"s // an organ, loud at once
+        + "\x00"s + on + "\x83\x00"s + off // 384 ticks, 4 quarters, 0.125 s
+        + "\x95\x00\xff\x51\x03\x07\xa1\x20"s // 28 quarters later: 0.5 s for a quarter
+        + "\x60"s + on + "\x26"s + off // 96 ticks: 0.5 s; 38 ticks: 0.2 s
+        + "\x00\xff\x2f\x00"s;
+    const char size = static_cast<char>(track.size());
+    return "MThd\x00\x00\x00\x06\x00\x00\x00\x01\x00\x60MTrk\x00\x00\x00"s + size + track;
+}
+
+class SoundTest : public testing::Test {
+protected:
+    SoundTest() {
+        std::string name = (fs::temp_directory_path() / "tst_sound.XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+        std::ofstream(melody(), std::ios::binary) << twoNotes();
+        setup = window::SoundSetup::ofThisComputer();
+        setup.drivers = {"file"};
+        setup.waveFile = (folder / "out.wav").string();
+    }
+    ~SoundTest() override { fs::remove_all(folder); }
+
+    /// With a blank in the name, which must do no harm.
+    std::string melody() const { return (folder / "the melody.mid").string(); }
+
+    /// Frames written so far; the file grows at the pace of hearing.
+    std::size_t frames() const {
+        std::error_code error;
+        const auto size = fs::file_size(setup.waveFile, error);
+        return error || size < Header ? 0 : (size - Header) / 4;
+    }
+
+    /// The loudest sample of each tenth of a second.
+    std::vector<int> loudness() const {
+        std::ifstream stream(setup.waveFile, std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+        std::vector<int> result;
+        for (std::size_t at = Header; at + 2 <= bytes.size(); at += 2) {
+            std::int16_t sample = 0;
+            std::memcpy(&sample, bytes.data() + at, sizeof sample);
+            const std::size_t tenth = (at - Header) / 4 / (Second / 10);
+            result.resize(tenth + 1);
+            result[tenth] = std::max(result[tenth], std::abs(sample));
+        }
+        return result;
+    }
+
+    /// The tenths of a second in which a note begins.
+    std::vector<std::size_t> onsets() const {
+        constexpr int Audible = 1000;
+        const std::vector<int> tenths = loudness();
+        std::vector<std::size_t> result;
+        for (std::size_t i = 0; i < tenths.size(); ++i)
+            if (tenths[i] >= Audible && (i == 0 || tenths[i - 1] < Audible))
+                result.push_back(i);
+        return result;
+    }
+
+    /// Whether nothing is being written.
+    bool outputRests() const {
+        const std::size_t before = frames();
+        std::this_thread::sleep_for(200ms);
+        return frames() == before;
+    }
+
+    static bool eventually(const std::function<bool()>& condition) {
+        const auto end = steady_clock::now() + 20s;
+        while (!condition() && steady_clock::now() < end)
+            std::this_thread::sleep_for(5ms);
+        return condition();
+    }
+
+    fs::path folder;
+    window::SoundSetup setup;
+};
+
+TEST_F(SoundTest, PlaysToItsEndGivesTheOutputBackAndPlaysAgain) {
+    window::SoundDevice device(setup);
+    device.open(melody(), "Sequencer");
+    device.play(0);
+    ASSERT_TRUE(eventually([&] { return frames() > 2 * Second; }));
+    ASSERT_TRUE(eventually([&] { return outputRests(); }));
+    const auto notes = onsets();
+    ASSERT_EQ(notes.size(), 2U);
+    EXPECT_LE(notes[0], 1U);
+    EXPECT_NEAR(static_cast<double>(notes[1]), 15, 1);
+
+    fs::remove(setup.waveFile);
+    device.play(0);
+    ASSERT_TRUE(eventually([&] { return frames() > Second / 2; }));
+    ASSERT_FALSE(onsets().empty());
+    EXPECT_LE(onsets()[0], 1U);
+}
+
+TEST_F(SoundTest, PlaysFromAPositionAcrossAChangeOfTempo) {
+    window::SoundDevice device(setup);
+    device.open(melody(), "Sequencer");
+    device.play(1250);
+    ASSERT_TRUE(eventually([&] { return frames() > Second / 2; }));
+    device.play(60000); // behind the end
+    ASSERT_TRUE(eventually([&] { return outputRests(); }));
+    EXPECT_LT(frames(), 2 * Second);
+    ASSERT_FALSE(onsets().empty());
+    EXPECT_NEAR(static_cast<double>(onsets()[0]), 2.5, 1.5);
+}
+
+TEST_F(SoundTest, StopsAtOnceAndStartsFromTheBeginning) {
+    window::SoundDevice device(setup);
+    device.open(melody(), "Sequencer");
+    device.open("another melody", "Sequencer");
+    device.play(0);
+    ASSERT_TRUE(eventually([&] { return frames() > Second; }));
+    device.stop();
+    ASSERT_TRUE(eventually([&] { return outputRests(); }));
+    const std::size_t stopped = frames();
+    EXPECT_LT(stopped, 2 * Second);
+    // The second call starts anew what the first one has begun.
+    for (int call = 0; call < 2; ++call) {
+        device.play(0);
+        ASSERT_TRUE(eventually([&] { return frames() > 0 && frames() < stopped / 2; }));
+        ASSERT_TRUE(eventually([&] { return frames() > stopped / 2; }));
+        ASSERT_FALSE(onsets().empty());
+        EXPECT_LE(onsets()[0], 1U);
+    }
+}
+
+TEST_F(SoundTest, TheLastCommandBeforeOpeningIsDoneWins) {
+    {
+        window::SoundDevice device(setup);
+        device.play(0);
+        device.open(melody(), "Sequencer");
+        device.play(0);
+        device.stop();
+        std::this_thread::sleep_for(500ms);
+        EXPECT_FALSE(fs::exists(setup.waveFile));
+        device.stop();
+        device.play(0);
+        EXPECT_TRUE(eventually([&] { return !onsets().empty(); }));
+    }
+    fs::remove(setup.waveFile);
+    for (int moment = 0; moment < 20; ++moment) {
+        const auto start = steady_clock::now();
+        {
+            window::SoundDevice device(setup);
+            device.open(melody(), "Sequencer");
+            device.play(0);
+            std::this_thread::sleep_for(moment * 3ms);
+        }
+        EXPECT_LT(steady_clock::now() - start, 2s);
+    }
+}
+
+TEST_F(SoundTest, AStuckOutputHoldsNobodyUp) {
+    ASSERT_EQ(::mkfifo((folder / "stuck").c_str(), 0600), 0);
+    setup.waveFile = (folder / "stuck").string();
+    const auto start = steady_clock::now();
+    {
+        window::SoundDevice device(setup);
+        device.open(melody(), "Sequencer");
+        device.play(0);
+        device.stop();
+        device.play(0);
+        EXPECT_LT(steady_clock::now() - start, 100ms);
+        std::this_thread::sleep_for(200ms);
+    }
+    EXPECT_LT(steady_clock::now() - start, 1s);
+    // Lets the thread that was left behind go its way, with a reader to the end of the process.
+    EXPECT_GE(::open(setup.waveFile.c_str(), O_RDONLY | O_NONBLOCK), 0);
+}
+
+TEST_F(SoundTest, IsSilentWithoutAWordWhateverIsMissing) {
+    const std::string broken = (folder / "broken.mid").string();
+    std::ofstream(broken, std::ios::binary) << twoNotes().substr(0, 30);
+    const std::string text = (folder / "text.mid").string();
+    std::ofstream(text, std::ios::binary) << "no melody";
+    const std::string fifo = (folder / "fifo.mid").string();
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    auto noFont = setup;
+    const std::string cut = (folder / "cut.sf2").string();
+    fs::copy_file(setup.soundfonts.front(), cut);
+    fs::resize_file(cut, 100000);
+    noFont.soundfonts = {"/nowhere.sf2", text, fifo, folder.string(), cut};
+    auto noDriver = setup;
+    noDriver.drivers = {"no such driver", "alsa", "pulseaudio", "oss"};
+
+    const auto tryOut
+        = [](const window::SoundSetup& with, const std::string& file, const char* type) {
+              window::SoundDevice device(with);
+              device.open(file, type);
+              device.play(0);
+              std::this_thread::sleep_for(150ms);
+              device.play(0);
+              device.stop();
+          };
+    testing::internal::CaptureStderr();
+    testing::internal::CaptureStdout();
+    tryOut(setup, broken, "Sequencer");
+    tryOut(setup, text, "Sequencer");
+    tryOut(setup, fifo, "Sequencer");
+    tryOut(setup, folder.string(), "Sequencer");
+    tryOut(setup, "", "Sequencer");
+    tryOut(setup, melody(), "waveaudio");
+    tryOut(noFont, melody(), "Sequencer");
+    tryOut(noDriver, melody(), "Sequencer");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    if (fs::exists(setup.waveFile)) {
+        EXPECT_TRUE(onsets().empty());
+    }
+}
+
+TEST_F(SoundTest, AMelodyThatAppearsLaterIsHeard) {
+    fs::rename(melody(), folder / "elsewhere");
+    window::SoundDevice device(setup);
+    device.open(melody(), "Sequencer");
+    device.play(0);
+    std::this_thread::sleep_for(100ms);
+    fs::rename(folder / "elsewhere", melody());
+    device.open(melody(), "Sequencer");
+    device.play(0);
+    EXPECT_TRUE(eventually([&] { return !onsets().empty(); }));
+}
+
+} // namespace
