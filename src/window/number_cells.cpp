@@ -90,20 +90,28 @@ double contrast(const QColor& one, const QColor& other) {
     return a > b ? a / b : b / a;
 }
 
-void drawDigits(QPainter& painter, const QRect& rect, Qt::Alignment alignment, const Fit& fit,
-    const QColor& fore, const QColor& back) {
+Digits layOut(const Fit& fit) {
     const QFontMetrics metrics(fit.font);
-    const QPointF base(leftOf(rect, alignment, metrics.horizontalAdvance(fit.text)),
-        baselineOf(rect, alignment, metrics.capHeight()));
-    painter.setFont(fit.font);
+    Digits digits{fit.font, QStaticText(fit.text), metrics.horizontalAdvance(fit.text),
+        metrics.capHeight(), metrics.ascent()};
+    digits.text.setTextFormat(Qt::PlainText);
+    digits.text.prepare({}, fit.font);
+    return digits;
+}
+
+void drawDigits(QPainter& painter, const QRect& rect, Qt::Alignment alignment, const Digits& digits,
+    const QColor& fore, const QColor& back) {
+    const QPoint corner(leftOf(rect, alignment, digits.width),
+        baselineOf(rect, alignment, digits.height) - digits.ascent);
+    painter.setFont(digits.font);
     if (contrast(fore, back) < readable) {
         painter.setPen(edgeFor(fore));
         for (const QPoint offset : {QPoint(-1, -1), QPoint(0, -1), QPoint(1, -1), QPoint(-1, 0),
                  QPoint(1, 0), QPoint(-1, 1), QPoint(0, 1), QPoint(1, 1)})
-            painter.drawText(base + offset, fit.text);
+            painter.drawStaticText(corner + offset, digits.text);
     }
     painter.setPen(fore);
-    painter.drawText(base, fit.text);
+    painter.drawStaticText(corner, digits.text);
 }
 
 QString describe(const forms::Programm& programm, int number) {

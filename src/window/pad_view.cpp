@@ -5,7 +5,6 @@
 #include "shell/handlers.h"
 #include "stats/m_chancen.h"
 #include "stats/m_tableau.h"
-#include "window/number_cells.h"
 #include "window/style.h"
 
 #include <QEvent>
@@ -65,8 +64,11 @@ PadView::PadView(const Session& session, QWidget* panel) : QWidget(panel), sessi
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    for (const plan::NumberCell& row : plan::PadCells)
-        cells_[static_cast<std::size_t>(row.number)].place = toPixels(row.place);
+    for (const plan::NumberCell& row : plan::PadCells) {
+        Cell& cell = cells_[static_cast<std::size_t>(row.number)];
+        cell.place = toPixels(row.place);
+        cell.digits = layOut({toFont(plan::PadFont), QString::number(row.number)});
+    }
     refresh();
 }
 
@@ -153,7 +155,7 @@ void PadView::drawCell(QPainter& painter, int number) const {
     const Look now = look(number);
     painter.fillRect(place, now.back);
     drawFrame(painter, place, toColor(controls::Black));
-    drawDigits(painter, place, Qt::AlignCenter, {toFont(plan::PadFont), QString::number(number)},
+    drawDigits(painter, place, Qt::AlignCenter, cells_[static_cast<std::size_t>(number)].digits,
         now.fore, now.back);
 }
 

@@ -4,6 +4,7 @@
 
 #include "chances/chancentabelle.h"
 #include "controls/models.h"
+#include "window/number_cells.h"
 #include "window/session.h"
 
 #include <QAccessible>
@@ -56,6 +57,7 @@ private:
     /// A cell as it was drawn and told last.
     struct Cell {
         QRect place;
+        Digits digits;
         controls::CellColors colors;
         std::int64_t count = 0;
     };

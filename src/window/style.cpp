@@ -20,6 +20,7 @@ namespace {
 
 constexpr int narrowest = 80; // percent
 constexpr int smallest = 8; // pixels
+constexpr QChar ellipsis(0x2026);
 
 /// What the system colours stand for, whatever the desktop looks like.
 struct SystemColor {
@@ -144,6 +145,13 @@ Fit fitted(const QFont& font, const QString& text, int width) {
             return {attempt, text};
     }
     return {attempt, QFontMetrics(attempt).elidedText(text, Qt::ElideRight, width)};
+}
+
+Fit refitted(const Fit& last, const QFont& font, const QString& text, int width) {
+    const bool alike = text.size() == last.text.size() && !last.text.endsWith(ellipsis);
+    if (alike && widthOf(last.font, text) <= width)
+        return {last.font, text};
+    return fitted(font, text, width);
 }
 
 void drawFitted(

@@ -45,6 +45,10 @@ struct Fit {
 /// text is drawn again and again.
 Fit fitted(const QFont& font, const QString& text, int width);
 
+/// As fitted(), where `last` is the fit of the text that stood in the same place before: digits
+/// that change keep their look, which saves most of the measuring.
+Fit refitted(const Fit& last, const QFont& font, const QString& text, int width);
+
 /// Draws a text fitted into `rect`.
 void drawFitted(
     QPainter& painter, const QRect& rect, int alignment, const QFont& font, const QString& text);

@@ -4,7 +4,6 @@
 
 #include "stats/m_chancen.h"
 #include "stats/m_tableau.h"
-#include "window/number_cells.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -82,10 +81,14 @@ TableauView::TableauView(const Session& session, QWidget* panel)
         labels_[i].place = toPixels(plan::CounterLabels[i].place);
         // The panel's edge cuts some labels off; their texts keep within what is seen.
         labels_[i].room = labels_[i].place.intersected(rect()).adjusted(labelIndent, 0, -1, 0);
+        covered_ += labels_[i].place;
     }
     for (std::size_t i = 0; i < cells_.size(); ++i) {
         cells_[i].place = toPixels(plan::TableauCells[i].place);
         cells_[i].badge = toPixels(plan::Badges[i].place);
+        cells_[i].digits
+            = layOut({toFont(plan::TableauFont), QString::number(plan::TableauCells[i].number)});
+        covered_ += cells_[i].place;
     }
     refresh();
 }
@@ -112,8 +115,8 @@ void TableauView::refreshLabel(int index) {
     const QFont font = toFont({});
     const bool square = label.place.width() == label.place.height();
     const qsizetype cut = square ? caption.lastIndexOf(QLatin1Char(' ')) : caption.size();
-    label.first = fitted(font, caption.left(cut), label.room.width());
-    label.second = fitted(font, caption.mid(cut), label.room.width());
+    label.first = refitted(label.first, font, caption.left(cut), label.room.width());
+    label.second = refitted(label.second, font, caption.mid(cut), label.room.width());
     untold_[static_cast<std::size_t>(index)] = true;
     update(label.place);
 }
@@ -131,7 +134,9 @@ void TableauView::refreshCell(int number) {
     }
     if (count != cell.count) {
         untold_[FirstBadge + item] = true;
-        cell.fit = fitted(toFont(plan::BadgeFont), count, cell.badge.width() - 2 * badgeMargin);
+        cell.fit = refitted(
+            cell.fit, toFont(plan::BadgeFont), count, cell.badge.width() - 2 * badgeMargin);
+        cell.countDigits = layOut(cell.fit);
     }
     cell.colors = colors;
     cell.count = count;
@@ -188,7 +193,9 @@ int TableauView::itemAt(const QPoint& point) const {
 
 void TableauView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    drawLayout(painter);
+    // Items hide what lies behind them; a run changes little else.
+    if (!event->region().subtracted(covered_).isEmpty())
+        drawLayout(painter);
     for (int number = 0; number < chances::NumberCount; ++number)
         if (event->region().intersects(itemRect(FirstNumber + number)))
             drawCell(painter, number);
@@ -202,9 +209,9 @@ void TableauView::drawCell(QPainter& painter, int number) const {
     const QColor back = toColor(number == hovered_ ? plan::HoverBack : cell.colors.BackColor);
     painter.fillRect(cell.place, back);
     drawDigits(painter, cell.badge.adjusted(0, numberTop, 0, 0), Qt::AlignTop | Qt::AlignHCenter,
-        {toFont(plan::TableauFont), QString::number(number)}, toColor(cell.colors.ForeColor), back);
+        cell.digits, toColor(cell.colors.ForeColor), back);
     drawDigits(painter, cell.badge.adjusted(badgeMargin, 0, -badgeMargin, -badgeBottom),
-        Qt::AlignBottom | Qt::AlignHCenter, cell.fit, toColor(cell.countColor), back);
+        Qt::AlignBottom | Qt::AlignHCenter, cell.countDigits, toColor(cell.countColor), back);
 }
 
 void TableauView::drawLabel(QPainter& painter, const Label& label) const {

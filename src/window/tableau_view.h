@@ -4,9 +4,10 @@
 
 #include "chances/chancentabelle.h"
 #include "controls/models.h"
+#include "window/number_cells.h"
 #include "window/session.h"
-#include "window/style.h"
 
+#include <QRegion>
 #include <QWidget>
 
 #include <array>
@@ -64,6 +65,8 @@ private:
         QString count;
         controls::Color countColor = 0;
         Fit fit; ///< of the count
+        Digits digits;
+        Digits countDigits;
     };
 
     void refreshLabel(int index);
@@ -76,6 +79,7 @@ private:
     Session session_;
     std::array<Label, forms::plan::CounterLabels.size()> labels_;
     std::array<Cell, chances::NumberCount> cells_;
+    QRegion covered_; ///< by labels and numbers
     std::array<bool, ItemCount> untold_{}; ///< changed since a screen reader was told
     int hovered_ = -1; ///< number under the pointer
 };
