@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+// Draws a grid's header and visible rows from cached strips.
+#include "window/grid_painter.h"
+
+#include "window/style.h"
+
+#include <QFontMetricsF>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QtMath>
+
+namespace window {
+
+namespace {
+
+constexpr int TextMargin = 3;
+// Far above the patterns of one view, so that clearing all at once is rare and good enough.
+constexpr qsizetype MaxStrips = 128;
+constexpr qsizetype MaxDigits = 2048; // all groups of three digits, and thousands to spare
+
+constexpr QRgb Paper = 0xFFFFFFFF;
+constexpr QRgb Ink = 0xFF000000;
+constexpr QRgb Line = 0xFFB9B5B0;
+constexpr QRgb SerialGround = 0xFFF1EFEA; // column 1 belongs to the header by its look
+constexpr QRgb SerialEdge = 0xFFD5D1C8;
+constexpr QRgb HeaderTop = 0xFFFBFAF8;
+constexpr QRgb HeaderBottom = 0xFFE6E2DA;
+constexpr QRgb HeaderEdge = 0xFFA9A499;
+
+int alignmentOf(int code) {
+    return static_cast<int>(code == 0 ? Qt::AlignLeft : Qt::AlignHCenter)
+        | static_cast<int>(Qt::AlignVCenter);
+}
+
+/// The place of a text in a cell from `left` to `right`, clear of the line.
+QRect textRect(const GridLayout::Column& column, int line, int height) {
+    const int margin = column.alignment == 0 ? TextMargin : 0;
+    return {column.left + margin, 0, column.right - line - column.left - 2 * margin, height};
+}
+
+} // namespace
+
+GridPainter::GridPainter(const QFont& font) : font_(font) {
+    font_.setKerning(false); // digits stand in columns, also "11"
+    const QFontMetricsF metrics(font_);
+    digitWidth_ = metrics.horizontalAdvance(QLatin1Char('0'));
+}
+
+void GridPainter::paint(QPainter& painter, const QRect& area, const QRect& clip,
+    const controls::Grid& grid, const GridLayout& layout, std::int64_t top) {
+    const QTransform toDevice = painter.deviceTransform();
+    adopt(grid, layout, toDevice.m11());
+
+    const std::int64_t left = std::max<std::int64_t>(0, grid.RowCount() - top);
+    const int room = area.height() - GridLayout::HeaderHeight + GridLayout::RowHeight - 1;
+    const int rows = static_cast<int>(std::min<std::int64_t>(left, room / GridLayout::RowHeight));
+    const int from = std::max(0, (clip.top() - GridLayout::HeaderHeight) / GridLayout::RowHeight);
+    const int to = std::min(
+        rows, std::max(0, clip.bottom() - GridLayout::HeaderHeight) / GridLayout::RowHeight + 1);
+
+    // Copies are made in whole device pixels, counted from the pixel that holds the corner.
+    painter.save();
+    painter.translate((qRound(toDevice.dx()) - toDevice.dx()) / scale_,
+        (qRound(toDevice.dy()) - toDevice.dy()) / scale_);
+    painter.scale(1 / scale_, 1 / scale_);
+    if (clip.top() < GridLayout::HeaderHeight)
+        painter.drawImage(0, 0, header_);
+    drawRows(painter, grid, top, from, to);
+    drawGround(painter, area, GridLayout::HeaderHeight + rows * GridLayout::RowHeight);
+    painter.restore();
+    drawOddSerials(painter, top);
+}
+
+void GridPainter::drawRows(
+    QPainter& painter, const controls::Grid& grid, std::int64_t top, int from, int to) {
+    odd_.clear();
+    for (int i = from; i < to; ++i) {
+        const std::int64_t row = top + i + 1;
+        const controls::PatternId id = grid.PatternOf(row);
+        const controls::RowPattern& pattern = grid.Pattern(id);
+        const int y = device(GridLayout::HeaderHeight + i * GridLayout::RowHeight);
+        const int end = device(GridLayout::HeaderHeight + (i + 1) * GridLayout::RowHeight);
+        painter.drawImage(0, y, strip(pattern, id, end - y));
+        if (!pattern.Serial() || layout_.columns.empty())
+            continue;
+        // Column 1 has its own ground only where nothing else was asked for.
+        const bool bare = !pattern.CellColor(1) && !pattern.RowColor();
+        if (bare && row < narrowFrom_)
+            drawSerial(painter, row, y);
+        else
+            odd_.push_back(row);
+    }
+}
+
+void GridPainter::adopt(const controls::Grid& grid, const GridLayout& layout, qreal scale) {
+    if (layout != layout_ || scale != scale_) {
+        layout_ = layout;
+        scale_ = scale;
+        pen_ = std::max(1, static_cast<int>(scale));
+        strips_.clear();
+        digits_.clear();
+        oddLength_ = 0;
+        narrowFrom_ = firstNarrow();
+        header_ = drawHeader();
+    }
+    if (grid.Generation() != generation_) {
+        generation_ = grid.Generation();
+        strips_.clear();
+    }
+}
+
+std::int64_t GridPainter::firstNarrow() const {
+    if (layout_.columns.empty())
+        return 0;
+    const int room = textRect(layout_.columns[0], layout_.lines, GridLayout::RowHeight).width();
+    std::int64_t number = 1;
+    for (int digits = 1; digits < 18 && digitWidth_ * digits <= room; ++digits)
+        number *= 10;
+    return number;
+}
+
+void GridPainter::drawGround(QPainter& painter, const QRect& area, int rowsEnd) const {
+    const int right = device(area.width());
+    const int bottom = device(area.height());
+    const int columnsEnd = device(layout_.width());
+    const int y = device(rowsEnd);
+    if (y < bottom)
+        painter.fillRect(0, y, right, bottom - y, QColor(Paper));
+    if (columnsEnd < right)
+        painter.fillRect(columnsEnd, 0, right - columnsEnd, y, QColor(Paper));
+}
+
+void GridPainter::drawSerial(QPainter& painter, std::int64_t row, int y) {
+    // Neighbouring rows share their thousands, so hardly a number has to be drawn anew, and a
+    // long one takes about as little time as a short one.
+    const int left = layout_.columns[0].left + TextMargin;
+    const std::int64_t thousands = row / 1000;
+    QString rest = QString::number(row % 1000);
+    qsizetype before = 0;
+    if (thousands > 0) {
+        const QString text = QString::number(thousands);
+        before = text.size();
+        painter.drawImage(device(left), y, digits(text));
+        rest = rest.rightJustified(3, QLatin1Char('0'));
+    }
+    const qreal x = left + digitWidth_ * static_cast<qreal>(before);
+    painter.drawImage(qRound(x * scale_), y, digits(rest));
+}
+
+void GridPainter::drawOddSerials(QPainter& painter, std::int64_t top) {
+    if (odd_.empty())
+        return;
+    painter.setPen(QColor(Ink));
+    const QRect first = textRect(layout_.columns[0], layout_.lines, GridLayout::RowHeight);
+    for (const std::int64_t row : odd_) {
+        const QString text = QString::number(row);
+        if (text.size() != oddLength_) {
+            // All digits are equally wide, so one number of this length stands for all of them.
+            // The smallest font still holds a million million rows, more than any memory.
+            oddLength_ = text.size();
+            oddFont_ = fitted(font_, QString(oddLength_, QLatin1Char('8')), first.width()).font;
+        }
+        painter.setFont(oddFont_);
+        const int i = static_cast<int>(row - 1 - top);
+        const int y = GridLayout::HeaderHeight + i * GridLayout::RowHeight;
+        painter.drawText(first.translated(0, y), alignmentOf(0), text);
+    }
+}
+
+const QImage& GridPainter::digits(const QString& text) {
+    if (const auto found = digits_.constFind(text); found != digits_.cend())
+        return *found;
+    if (digits_.size() >= MaxDigits)
+        digits_.clear();
+    const int width = qCeil(digitWidth_ * static_cast<qreal>(text.size()) * scale_);
+    const int height = static_cast<int>(GridLayout::RowHeight * scale_) - pen_;
+    QImage image(std::max(1, width), std::max(1, height), QImage::Format_RGB32);
+    image.fill(SerialGround);
+    image.setDevicePixelRatio(scale_);
+    QPainter painter(&image);
+    painter.setPen(QColor(Ink));
+    painter.setFont(font_);
+    painter.drawText(QRect(0, 0, width, GridLayout::RowHeight), alignmentOf(0), text);
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return *digits_.insert(text, image);
+}
+
+const QImage& GridPainter::strip(
+    const controls::RowPattern& pattern, controls::PatternId id, int height) {
+    const quint64 key = (static_cast<quint64>(id) << 16) | static_cast<quint64>(height);
+    if (const auto found = strips_.constFind(key); found != strips_.cend())
+        return *found;
+    if (strips_.size() >= MaxStrips)
+        strips_.clear();
+    return *strips_.insert(key, drawStrip(pattern, height));
+}
+
+QImage GridPainter::drawStrip(const controls::RowPattern& pattern, int height) const {
+    QImage image(std::max(1, device(layout_.width())), height, QImage::Format_RGB32);
+    image.fill(Paper);
+    QPainter painter(&image);
+    const int line = layout_.lines ? 1 : 0;
+    for (int j = 1; const auto& column : layout_.columns) {
+        const int left = device(column.left);
+        const int right = device(column.right);
+        const auto color = pattern.CellColor(j) ? pattern.CellColor(j) : pattern.RowColor();
+        const QRgb bare = j == 1 ? SerialGround : Paper;
+        painter.fillRect(left, 0, right - left, height, color ? toColor(*color) : QColor(bare));
+        if (line || j == 1)
+            painter.fillRect(right - pen_, 0, pen_, height, QColor(line ? Line : SerialEdge));
+        if (line)
+            painter.fillRect(left, height - pen_, right - left, pen_, QColor(Line));
+        ++j;
+    }
+    painter.end();
+
+    image.setDevicePixelRatio(scale_);
+    painter.begin(&image);
+    painter.setPen(QColor(Ink));
+    for (int j = 1; const auto& column : layout_.columns) {
+        if (const auto text = pattern.Cell(j); !text.empty())
+            drawFitted(painter, textRect(column, line, GridLayout::RowHeight),
+                alignmentOf(column.alignment), font_, toText(text));
+        ++j;
+    }
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
+QImage GridPainter::drawHeader() const {
+    const int height = device(GridLayout::HeaderHeight);
+    QImage image(std::max(1, device(layout_.width())), height, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QLinearGradient ground(0, 0, 0, height);
+    ground.setColorAt(0, QColor(HeaderTop));
+    ground.setColorAt(1, QColor(HeaderBottom));
+    painter.fillRect(image.rect(), ground);
+    for (const auto& column : layout_.columns)
+        painter.fillRect(device(column.right) - pen_, 0, pen_, height, QColor(SerialEdge));
+    painter.fillRect(0, height - pen_, image.width(), pen_, QColor(HeaderEdge));
+    painter.end();
+
+    image.setDevicePixelRatio(scale_);
+    painter.begin(&image);
+    painter.setPen(QColor(Ink));
+    for (const auto& column : layout_.columns)
+        drawFitted(painter, textRect(column, 1, GridLayout::HeaderHeight - 1),
+            alignmentOf(column.alignment), font_, toText(column.caption));
+    painter.end();
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
+} // namespace window
