@@ -237,6 +237,20 @@ TEST_F(CellsTest, EveryCountUpToEightDigitsFits) {
     }
 }
 
+TEST(StyleTest, SpeaksGermanAndStaysLightEverywhere) {
+    QLocale::setDefault(QLocale::c());
+    QApplication::setPalette(QPalette(Qt::black));
+    window::applyStyle(*qApp);
+    EXPECT_EQ(QLocale().toString(12.5), QStringLiteral("12,5"));
+    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Abbrechen"));
+    const QPalette palette = QApplication::palette();
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        EXPECT_GT(palette.color(role).lightness(), 230);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        EXPECT_EQ(palette.color(role), QColor(Qt::black));
+    EXPECT_EQ(window::toColor(controls::GreyText), QColor(128, 128, 128));
+}
+
 TEST(FitTest, NarrowsThenShrinksThenCuts) {
     const QFont font = window::toFont({975, true, false});
     const QString text = QStringLiteral("Transversalen");
