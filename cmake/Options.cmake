@@ -15,8 +15,4 @@ else()
     target_compile_options(kestrelwood_options INTERFACE
         -fstack-protector-strong $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)
     target_link_options(kestrelwood_options INTERFACE LINKER:-z,relro,-z,now)
-    # A coup's steps lie in several rooms; only the linker sees them side by side.
-    if(CMAKE_BUILD_TYPE STREQUAL "Release")
-        set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
-    endif()
 endif()
