@@ -7,7 +7,7 @@
 #include "shell/handlers.h"
 #include "window/control_names.h"
 #include "window/fitted_label.h"
-#include "window/pictures.h"
+#include "window/picture_box.h"
 #include "window/style.h"
 #include "window/water_surface.h"
 
@@ -62,7 +62,7 @@ InfoWindow::InfoWindow(const Session& session, QWidget* owner)
 QWidget* InfoWindow::build(const plan::Control& control) {
     switch (control.name) {
     case Name::Image1:
-        return makePicture(Picture::Banner, control, QStringLiteral("Kestrelwood"), this);
+        return new PictureBox(Picture::Banner, control, QStringLiteral("Kestrelwood"), this);
     case Name::Picture2:
         return nullptr; // the still picture behind the water is never seen
     case Name::picIcon: {

@@ -13,6 +13,7 @@
 #include "window/grid_view.h"
 #include "window/marking_box.h"
 #include "window/pad_view.h"
+#include "window/picture_box.h"
 #include "window/pictures.h"
 #include "window/style.h"
 #include "window/tableau_view.h"
@@ -180,7 +181,7 @@ void MainWindow::buildPanel(const plan::Control& panel, Controls controls, QWidg
 QWidget* MainWindow::build(const plan::Control& control, Controls neighbours, QWidget* panel) {
     switch (control.name) {
     case Name::Image1:
-        return makePicture(Picture::Icon, control, QStringLiteral("Programmsymbol"), panel);
+        return new PictureBox(Picture::Icon, control, QStringLiteral("Programmsymbol"), panel);
     case Name::xpFrame: {
         auto* pad = new PadView(session_, panel);
         pad->setObjectName(controlName(control.name, control.index));

@@ -5,10 +5,12 @@
 #include "forms/plan.h"
 #include "shell/handlers.h"
 #include "window/fitted_label.h"
+#include "window/picture_box.h"
 #include "window/pictures.h"
 #include "window/style.h"
 
 #include <QCloseEvent>
+#include <QPainter>
 #include <QScreen>
 
 namespace window {
@@ -22,7 +24,7 @@ StartWindow::StartWindow(const Session& session)
     setFixedSize(toPixels(plan::StartClient).size());
     for (const plan::Control& control : plan::Start) {
         if (control.name == plan::Name::Image1)
-            makePicture(Picture::Banner, control, QStringLiteral("Kestrelwood"), this);
+            new PictureBox(Picture::Banner, control, QStringLiteral("Kestrelwood"), this);
         else
             new FittedLabel(control, toPixels(control.place).width(), this);
     }
@@ -39,6 +41,14 @@ void StartWindow::refresh() {
         form.Timer1Enabled ? timer_.start() : timer_.stop();
     if (form.Visible != isVisible())
         setVisible(form.Visible);
+}
+
+void StartWindow::paintEvent(QPaintEvent* /*event*/) {
+    // The picture in front is a pixel narrower than the window. It continues here, so that no line
+    // of another colour is left beside it.
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(rect(), loadPicture(Picture::Banner, devicePixelRatioF()));
 }
 
 void StartWindow::closeEvent(QCloseEvent* event) {
