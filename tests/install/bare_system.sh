@@ -52,7 +52,8 @@ status=0
 in_root env QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=/tmp/session timeout 5 kestrelwood \
     >"$root/tmp/said" 2>&1 || status=$?
 [ "$status" = 124 ] || fail "the program ended by itself with $status: $(cat "$root/tmp/said")"
-[ ! -s "$root/tmp/said" ] || echo "bare_system: the program said: $(cat "$root/tmp/said")"
+# What the screenless plug-in says of itself doesn't count.
+! grep -v propagateSizeHints "$root/tmp/said" || fail "that is what the program said"
 
 in_root apt-get purge -y -qq --auto-remove kestrelwood >/dev/null 2>&1 || fail "can't be removed"
 snapshot >"$root/tmp/after"

@@ -26,20 +26,22 @@ install() {
 }
 
 # start COMMAND: runs it without a screen, as a user with an empty home, and stops it again. The
-# program has to be found beside its melody, and to leave no file behind.
+# program has to be found beside its melody, to say nothing, and to leave no file behind.
 start() {
     mkdir -p "$work/home"
     mkdir -p -m 700 "$work/session"
     env -u XDG_CONFIG_HOME -u XDG_CACHE_HOME -u XDG_DATA_HOME HOME="$work/home" \
         XDG_RUNTIME_DIR="$work/session" QT_QPA_PLATFORM=offscreen "$1" >"$work/output" 2>&1 &
-    local process=$!
+    local process=$! program status=0
+    # Long enough for the splash to go and the window to come.
     sleep 4
-    local program
-    program=$(readlink "/proc/$process/exe") || fail "$1 doesn't stay: $(cat "$work/output")"
-    kill "$process"
-    wait "$process" || true
+    program=$(readlink "/proc/$process/exe" || true)
+    kill "$process" 2>/dev/null || true
+    wait "$process" || status=$?
+    [ "$status" = 143 ] || fail "$1 ended by itself with $status: $(cat "$work/output")"
     [ -s "${program%/*}/info.mid" ] || fail "no melody beside $program"
-    [ ! -s "$work/output" ] || fail "$1 says: $(cat "$work/output")"
+    # What the screenless plug-in says of itself at every window of fixed size doesn't count.
+    ! grep -v propagateSizeHints "$work/output" >"$work/said" || fail "$1 says: $(cat "$work/said")"
     [ -z "$(find "$work/home" -type f)" ] || fail "left behind: $(find "$work/home" -type f)"
 }
 
@@ -81,8 +83,11 @@ expect "the metainfo's id" "$(element id)" "$id"
 expect "the metainfo's launchable" "$(element launchable)" "$id.desktop"
 expect "the desktop entry's icon" "$(field Icon)" "$id"
 expect "the desktop entry's command" "$(field Exec)" kestrelwood
-# The window's class is the program file's name; the window test looks at the running program.
 expect "the desktop entry's class" "$(field StartupWMClass)" kestrelwood
+# A window says its id where there is Wayland, so the program has to hold the same one; in the
+# toolkit's own texts, of two bytes a letter.
+strings -el "$root/usr/libexec/kestrelwood/kestrelwood" | grep -xF "$id" >/dev/null ||
+    fail "the program doesn't know itself as $id"
 for size in 16 22 24 32 48 64 128 256; do
     icon=$share/icons/hicolor/${size}x$size/apps/$id.png
     [ -f "$icon" ] || fail "no icon of size $size"
