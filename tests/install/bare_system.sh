@@ -3,6 +3,7 @@
 # Installs a package in a bare Debian 12 made for the purpose, starts the program there and removes
 # it again. Needs root, debootstrap and a mirror.
 # Usage: bare_system.sh PACKAGE [MIRROR]   (else the mirror of this machine's own apt)
+# shellcheck disable=SC2016 # what looks like variables is for apt and dpkg
 set -euo pipefail
 package=$1
 suite=bookworm

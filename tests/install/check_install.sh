@@ -28,8 +28,8 @@ install() {
 # start COMMAND: runs it without a screen, as a user with an empty home, and stops it again. The
 # program has to be found beside its melody, to say nothing, and to leave no file behind.
 start() {
-    mkdir -p "$work/home"
-    mkdir -p -m 700 "$work/session"
+    mkdir -p "$work/home" "$work/session"
+    chmod 700 "$work/session"
     env -u XDG_CONFIG_HOME -u XDG_CACHE_HOME -u XDG_DATA_HOME HOME="$work/home" \
         XDG_RUNTIME_DIR="$work/session" QT_QPA_PLATFORM=offscreen "$1" >"$work/output" 2>&1 &
     local process=$! program status=0
