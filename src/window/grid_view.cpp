@@ -145,7 +145,8 @@ void GridView::repaintChanges() {
         const bool kept = i < before && i < after;
         if (kept && now.patterns[i] == shown_.patterns[i])
             continue;
-        stale += rowRect(static_cast<int>(i));
+        // At a broken scale the device's pixels on the edges belong to both neighbours.
+        stale += rowRect(static_cast<int>(i)).adjusted(0, -1, 0, 1);
         changed = changed || kept;
     }
     const std::int64_t rowsBefore = shown_.rows;
