@@ -4,11 +4,13 @@
 
 #include "window/style.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
@@ -63,6 +65,7 @@ public:
             Accept, mode == AcceptOpen ? QStringLiteral("Öffnen") : QStringLiteral("Speichern"));
         setLabelText(Reject, cancelText());
         startAt(QFileInfo(toText(last)));
+        letTypedNameWin();
     }
 
     std::optional<platform::FileName> ask() {
@@ -85,6 +88,20 @@ private:
         const bool folderExists = !last.filePath().isEmpty() && last.dir().exists();
         setDirectory(folderExists ? last.absolutePath() : firstFolder());
         selectFile(last.fileName());
+    }
+
+    /// A file selected in the list would go before another name written to the name line, unless it
+    /// was typed with the keyboard; a screen reader or a voice writes without it.
+    void letTypedNameWin() {
+        const auto* line = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* list = findChild<QAbstractItemView*>(QStringLiteral("listView"));
+        if (line == nullptr || list == nullptr)
+            return;
+        connect(line, &QLineEdit::textChanged, list, [this, list](const QString& text) {
+            const QStringList files = selectedFiles();
+            if (!files.isEmpty() && QFileInfo(files.first()).fileName() != text)
+                list->clearSelection();
+        });
     }
 
     bool mayReplace(const QString& file) {
