@@ -43,9 +43,10 @@ std::uint64_t lineFeeds(const char* text) {
 
 /// The number of a line that is one digit or two, with at most one blank on either side and a CR
 /// at the end; nothing for any other line, valid or not. Made without branches, for the digits of
-/// a permanence can't be foreseen. `length` is below 8, and 8 bytes can be read from `line` on.
+/// a permanence can't be foreseen. `length` is below 8, LF follows, and 8 bytes can be read.
 std::optional<unsigned> usualLine(const char* line, std::size_t length) {
-    std::uint64_t rest = word(line) & ((std::uint64_t{1} << (8 * length)) - 1);
+    // With its LF, so that a NUL at the end of the line isn't taken for nothing.
+    std::uint64_t rest = word(line) & (~std::uint64_t{} >> (8 * (WordSize - 1 - length)));
     rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
     const auto first = static_cast<unsigned>(rest & 0xFF) - '0';
     const auto second = static_cast<unsigned>(rest >> 8 & 0xFF) - '0';
@@ -53,8 +54,10 @@ std::optional<unsigned> usualLine(const char* line, std::size_t length) {
     const unsigned value = two ? 10 * first + second : first;
     rest >>= two ? 16 : 8;
     rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    const bool ends = (rest == 0) | (rest == '\r');
-    return ends & (first <= 9) & (value <= HighestNumber) ? std::optional(value) : std::nullopt;
+    constexpr std::uint64_t carriageReturnLineFeed = '\r' | '\n' << 8;
+    const bool ends = (rest == '\n') | (rest == carriageReturnLineFeed);
+    const bool usual = ends & (first <= 9) & (value <= HighestNumber);
+    return usual ? std::optional(value) : std::nullopt;
 }
 
 } // namespace
