@@ -221,6 +221,10 @@ GridView::Place GridView::placeAt(const QPoint& point) const {
 }
 
 bool GridView::event(QEvent* event) {
+    if (event->type() == QEvent::Wheel) { // passed on by the scroll bar, or refused at an end
+        wheelEvent(static_cast<QWheelEvent*>(event));
+        return true;
+    }
     if (event->type() != QEvent::Paint)
         return QAbstractScrollArea::event(event);
     // Viewport and scroll bar cover everything but the frame, so filling draws a frame without a
