@@ -38,13 +38,18 @@ void herunterfahren(Programm& programm, Platform& platform) {
     platform.processes.end();
 }
 
-/// Runs one handler of the main form to its end, unless the form is closed to input or another
-/// handler is still at work (a run gives the window turns, and a press may come from outside the
-/// window system too). A shutdown asked for meanwhile follows behind it.
+/// Whether the main form takes input: it is not closed to it, and no handler is still at work (a
+/// run gives the window turns, and a press may come from outside the window system too).
+bool nimmtEingaben(const forms::MainForm& form) {
+    return form.Loaded && form.Enabled && !form.InHandler;
+}
+
+/// Runs one handler of the main form to its end, if the form takes input. A shutdown asked for
+/// meanwhile follows behind it.
 template <class Handler>
 void bearbeiten(Programm& programm, Platform& platform, Handler handler) {
     forms::MainForm& form = programm.Frm_Main;
-    if (!form.Loaded || !form.Enabled || form.InHandler)
+    if (!nimmtEingaben(form))
         return;
     form.InHandler = true;
     try {
@@ -184,7 +189,7 @@ void Frm_Main::Text_Click(Programm& programm, Platform& platform, int Index) {
 }
 
 void Frm_Main::Text_Change(Programm& programm, int Index, std::string_view text) {
-    if (Index == 0)
+    if (Index == 0 && nimmtEingaben(programm.Frm_Main))
         programm.Frm_Main.Text[0].Text = text;
 }
 

@@ -50,7 +50,8 @@ void xpCombo_Click(forms::Programm& programm, platform::Platform& platform, int 
 /// A click on a text box; 1 and 2 ask for a marking count, 0 does nothing.
 void Text_Click(forms::Programm& programm, platform::Platform& platform, int Index);
 
-/// The text of the count box (Index 0) has become `text`.
+/// The text of the count box (Index 0) has become `text`. Refused like any other input while the
+/// form is closed to it; the box then shows the old text again.
 void Text_Change(forms::Programm& programm, int Index, std::string_view text);
 
 /// A key typed into a text box, as a character code (8 backspace, 13 Enter). Sets `KeyAscii` to 0
