@@ -55,6 +55,9 @@ void bearbeiten(Programm& programm, Platform& platform, Handler handler) {
     try {
         handler();
     } catch (const std::bad_alloc&) {
+        // The handler may have closed the form for a run that it couldn't even begin.
+        form.Enabled = true;
+        progress::Form_Unload(programm);
         files::Meldung_Speicher(platform);
     }
     form.InHandler = false;
