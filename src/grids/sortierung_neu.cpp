@@ -94,6 +94,7 @@ void Sortierung_Neu(Programm& programm, platform::Platform& platform) {
     const std::int64_t n = programm.Frm_Main.Grid[1].RowCount();
     progress::Zeigen(programm, n, false);
     const std::int64_t m = sicht.RowCount();
+    const int plein = programm.Frm_Main.Plein;
     progress::Pace pace(platform);
     Umsortierung umsortierung(programm);
     try {
@@ -106,6 +107,7 @@ void Sortierung_Neu(Programm& programm, platform::Platform& platform) {
         }
     } catch (...) {
         programm.Frm_Main.Coup = m;
+        programm.Frm_Main.Plein = plein;
         progress::Form_Unload(programm);
         throw;
     }
