@@ -39,7 +39,10 @@ double Zahl_am_Anfang(std::string_view text) {
     const char* end = text.data() + numberLength(text);
     if (std::from_chars(text.data(), end, value, std::chars_format::fixed).ec
         == std::errc::result_out_of_range)
-        value = std::numeric_limits<double>::infinity();
+        // Too large, or too near to 0: then no digit but 0 stands before the point.
+        value = text.find_first_of("123456789") < text.find('.')
+            ? std::numeric_limits<double>::infinity()
+            : 0;
     return negative ? -value : value;
 }
 
