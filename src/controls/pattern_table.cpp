@@ -15,7 +15,8 @@ PatternId PatternTable::next() const {
 
 PatternId PatternTable::add(const RowPattern& pattern) {
     const PatternId id = next();
-    byId_.reserve(byId_.size() + 1);
+    if (byId_.size() == byId_.capacity())
+        byId_.reserve(2 * byId_.size() + 1);
     const auto place = byContent_.emplace(pattern, id).first;
     if (free_.empty()) {
         byId_.push_back(&place->first);
