@@ -9,7 +9,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kestrelwood"));
     QApplication::setApplicationVersion(QStringLiteral(KESTRELWOOD_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("de.kestrelwood.Kestrelwood"));
+    QGuiApplication::setDesktopFileName(QStringLiteral(KESTRELWOOD_ID));
     window::applyStyle(application);
     return window::Application(KESTRELWOOD_VERSION).run();
 }

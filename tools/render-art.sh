@@ -7,7 +7,7 @@ set -eu
 
 data=$(CDPATH= cd -- "$(dirname -- "$0")/../data" && pwd)
 art=$data/art
-name=de.kestrelwood.Kestrelwood
+name=de.kestrelwood.kestrelwood
 
 for tool in rsvg-convert convert; do
     command -v "$tool" >/dev/null || { echo "render-art: $tool is missing" >&2; exit 1; }

@@ -15,7 +15,7 @@ QIcon programIcon() {
     QIcon icon;
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
         icon.addFile(
-            QStringLiteral(":/icons/hicolor/%1x%1/apps/de.kestrelwood.Kestrelwood.png").arg(size));
+            QStringLiteral(":/icons/hicolor/%1x%1/apps/de.kestrelwood.kestrelwood.png").arg(size));
     return icon;
 }
 
