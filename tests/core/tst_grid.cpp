@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// The grid model by itself: any history of writes reads back, however many different rows there
+// are.
+#include "controls/grid.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+using controls::Grid;
+
+TEST(Grid, RowNumbersAndBareRows) {
+    Grid grid;
+    grid.Clear();
+    grid.AddRow("1");
+    grid.AddRow("7"); // not its own number: must not follow the row
+    grid.AddRow("");
+    EXPECT_EQ(grid.PatternCount(), 3U);
+    grid.AddRow("4");
+    EXPECT_EQ(grid.PatternOf(4), grid.PatternOf(1)) << "rows with their own number share a pattern";
+    grid.Row(2).Cell(1, "2");
+    EXPECT_EQ(grid.PatternOf(2), grid.PatternOf(1));
+    grid.Row(4).Cell(1, "04");
+    EXPECT_EQ(grid.Row(4).Cell(1), "04");
+    grid.Row(4).CellColor(16, 0);
+    grid.Row(4).RowColor(0);
+    EXPECT_EQ(grid.Row(4).CellColor(16), 0U);
+    EXPECT_EQ(grid.Row(4).CellColor(15), std::nullopt);
+    EXPECT_EQ(grid.Row(4).Cell(16), "");
+    grid.RemoveRow(4);
+    grid.AddRow("4");
+    EXPECT_EQ(grid.RowCount(), 4);
+    EXPECT_EQ(grid.Row(4).Cell(1), "4");
+    EXPECT_EQ(grid.Row(4).CellColor(16), std::nullopt);
+    EXPECT_EQ(grid.Row(4).RowColor(), std::nullopt);
+    grid.Row(4).Cell(9, "x");
+    grid.Row(4).Cell(9, "");
+    EXPECT_EQ(grid.PatternOf(4), grid.PatternOf(1)) << "an empty text is as if never written";
+    grid.Clear();
+    grid.AddRow("1");
+    EXPECT_EQ(grid.RowCount(), 1);
+}
+
+TEST(Grid, EveryRowDifferentBeyondTwoBytes) {
+    constexpr std::int64_t Rows = 66'500;
+    Grid grid;
+    for (std::int64_t row = 1; row <= Rows; ++row) {
+        grid.AddRow(std::to_string(row));
+        grid.Row(row).Cell(2, "t" + std::to_string(row * 7919 % Rows));
+        for (const std::int64_t edge : {255, 256, 257, 258, 65'535, 65'536, 65'537, 65'538})
+            for (std::int64_t r = 1; row == edge && r <= row; ++r)
+                ASSERT_EQ(grid.Row(r).Cell(2), "t" + std::to_string(r * 7919 % Rows))
+                    << "row " << r << " of " << row;
+    }
+    std::mt19937 random(7);
+    std::vector<std::string> wanted(Rows + 1);
+    for (std::int64_t row = 1; row <= Rows; ++row) {
+        wanted[static_cast<std::size_t>(row)] = std::to_string(random() % 5000);
+        grid.Row(row).Cell(2, wanted[static_cast<std::size_t>(row)]);
+    }
+    for (std::int64_t row = Rows; row >= 1; --row) {
+        ASSERT_EQ(grid.Row(row).Cell(2), wanted[static_cast<std::size_t>(row)]);
+        grid.RemoveRow(row);
+    }
+}
+
+TEST(Grid, UnusedPatternsAreSweptAndTheirNumbersUsedAgain) {
+    Grid grid;
+    for (int row = 1; row <= 100; ++row)
+        grid.AddRow(std::to_string(row));
+    std::mt19937 random(11);
+    std::vector<std::string> wanted(100);
+    for (int i = 0; i < 20'000; ++i) {
+        const std::size_t row = random() % 100;
+        wanted[row] = "w" + std::to_string(i);
+        grid.Row(static_cast<std::int64_t>(row) + 1).Cell(3, wanted[row]);
+        ASSERT_LE(grid.PatternCount(), 256U);
+        for (std::size_t r = 0; i % 500 == 0 && r < 100; ++r)
+            ASSERT_EQ(grid.Row(static_cast<std::int64_t>(r) + 1).Cell(3), wanted[r]) << i;
+    }
+    EXPECT_EQ(grid.Ids().capacity(), 255U) << "100 different rows fit one byte each";
+}
+
+TEST(Grid, ATextReadFromOneGridStaysValidWhileItIsWrittenToAnother) {
+    Grid from;
+    from.AddRow("1");
+    from.Row(1).Cell(2, "ein Text, der nicht in eine kurze Zeichenkette passt");
+    const std::string read = from.Row(1).Cell(2);
+    const std::string_view seen = from.Pattern(from.PatternOf(1)).Cell(2);
+    Grid to;
+    to.AddRow("1");
+    for (int column = 3; column < 300; ++column)
+        to.Row(1).Cell(column, seen);
+    from.Row(1).Cell(2, from.Row(1).Cell(2));
+    EXPECT_EQ(to.Row(1).Cell(299), read);
+}
+
+} // namespace

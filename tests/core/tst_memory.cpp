@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+// Memory that gives out: at every single allocation in turn, and for good beyond a limit. The whole
+// coups stay, the two grids stay equal, a message comes, and the program goes on.
+#include "support/stage.h"
+
+#include <gtest/gtest.h>
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+constexpr std::int64_t Off = -1;
+std::int64_t failAfter = Off; ///< allocations that still succeed before one fails
+std::int64_t room = Off; ///< bytes that may still be taken
+bool failed = false;
+
+void* take(std::size_t size) {
+    if (failAfter != Off && failAfter-- == 0) {
+        failed = true;
+        throw std::bad_alloc();
+    }
+    if (room != Off && room < static_cast<std::int64_t>(size)) {
+        failed = true;
+        throw std::bad_alloc();
+    }
+    void* block = std::malloc(size == 0 ? 1 : size);
+    if (!block)
+        throw std::bad_alloc();
+    if (room != Off)
+        room -= std::min(room, static_cast<std::int64_t>(malloc_usable_size(block)));
+    return block;
+}
+
+void give(void* block) noexcept {
+    if (room != Off && block)
+        room += static_cast<std::int64_t>(malloc_usable_size(block));
+    std::free(block);
+}
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    return take(size);
+}
+void* operator new[](std::size_t size) {
+    return take(size);
+}
+void operator delete(void* block) noexcept {
+    give(block);
+}
+void operator delete[](void* block) noexcept {
+    give(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    give(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+    give(block);
+}
+
+namespace {
+
+using support::Stage;
+
+using Action = std::function<void(Stage&)>;
+
+/// What must hold after memory gave out in an action, and that the program goes on from there.
+void holds(Stage& stage, const std::vector<int>& before) {
+    const forms::MainForm& form = stage.main;
+    const auto all = support::numbers(stage.programm);
+    ASSERT_EQ(stage.dialogs.messages.size(), 1U);
+    EXPECT_NE(stage.dialogs.messages[0].text.find("Der Arbeitsspeicher reicht nicht aus."),
+        std::string::npos);
+    ASSERT_TRUE(form.Enabled && !form.InHandler && form.Loaded);
+    ASSERT_FALSE(stage.programm.Frm_Progressbar.Visible);
+    ASSERT_EQ(form.Grid[0].RowCount(), form.Coup);
+    ASSERT_EQ(form.Grid[1].RowCount(), form.Coup);
+    ASSERT_TRUE(std::equal(before.begin(), before.end(), all.begin(),
+        all.begin() + static_cast<std::ptrdiff_t>(std::min(before.size(), all.size()))));
+    if (!all.empty()) {
+        ASSERT_EQ(form.Plein, all.back());
+    }
+    // The same coups again in a fresh program, then an undo and a coup in both.
+    Stage other;
+    for (Stage* each : {&stage, &other}) {
+        if (each == &other)
+            for (const int number : all)
+                other.click(number);
+        each->undo();
+        each->click(36);
+        each->family(6);
+        each->family(4);
+        if (each->main.Check[0].Value != 0)
+            each->check(0);
+    }
+    ASSERT_EQ(
+        support::difference(support::picture(stage.programm), support::picture(other.programm)),
+        "");
+}
+
+/// Lets allocation 0, `stride`, 2 * `stride` ... of `action` fail, each in a fresh program.
+void failEverywhere(std::int64_t stride, const Action& prepare, const Action& action) {
+    for (std::int64_t at = 0;; at += stride) {
+        Stage stage;
+        prepare(stage);
+        const auto before = support::numbers(stage.programm);
+        failed = false;
+        failAfter = at;
+        action(stage);
+        failAfter = Off;
+        if (!failed) {
+            EXPECT_GT(at, 0) << "the action takes no memory, so nothing was tried";
+            return;
+        }
+        SCOPED_TRACE("allocation " + std::to_string(at));
+        ASSERT_NO_FATAL_FAILURE(holds(stage, before));
+    }
+}
+
+std::string allNumbers() {
+    std::string text;
+    for (int n = 0; n <= 36; ++n)
+        text += std::to_string(n) + "\n";
+    return text;
+}
+
+TEST(Memory, AnyAllocationOfAClickAndOfTheRunsMayFail) {
+    const Action nothing = [](Stage&) {};
+    failEverywhere(1, nothing, [](Stage& s) {
+        for (const int number : {0, 5, 6})
+            if (!failed)
+                s.click(number);
+    });
+    failEverywhere(
+        17, [](Stage& s) { s.main.Text[0].Text = "90"; }, [](Stage& s) { s.key(13); });
+    failEverywhere(
+        17,
+        [](Stage& s) {
+            s.files.content["d"] = allNumbers();
+            s.dialogs.chosen = "d";
+            s.click(5);
+        },
+        [](Stage& s) { s.button(2); });
+}
+
+TEST(Memory, AnyAllocationOfAResortMayFail) {
+    const Action manyRows = [](Stage& s) {
+        std::string text;
+        for (int i = 0; i < 4200; ++i) // more than a block, and new patterns behind it
+            text += "5\n";
+        s.load(text + allNumbers() + "17\n");
+    };
+    failEverywhere(127, manyRows, [](Stage& s) { s.family(6); });
+    failEverywhere(127, manyRows, [](Stage& s) { s.check(0); });
+}
+
+TEST(Memory, ALimitEndsARunWithAMessage) {
+    std::string text;
+    for (int i = 0; i < 700'000; ++i)
+        text += "9\n";
+    for (const std::int64_t kilobytes : {20, 700, 1100, 1300, 1500, 1900})
+        for (const bool load : {true, false}) {
+            SCOPED_TRACE((load ? "load, KiB " : "series, KiB ") + std::to_string(kilobytes));
+            Stage stage;
+            stage.click(3);
+            stage.files.content["d"] = text;
+            stage.dialogs.chosen = "d";
+            stage.main.Text[0].Text = "1000000";
+            failed = false;
+            room = 1024 * kilobytes;
+            if (load)
+                stage.button(2);
+            else
+                stage.key(13);
+            room = Off;
+            ASSERT_TRUE(failed);
+            ASSERT_EQ(stage.dialogs.messages.size(), 1U);
+            EXPECT_TRUE(stage.main.Enabled && !stage.programm.Frm_Progressbar.Visible);
+            EXPECT_EQ(stage.main.Grid[0].RowCount(), stage.main.Coup);
+            EXPECT_EQ(stage.main.Grid[1].RowCount(), stage.main.Coup);
+        }
+}
+
+} // namespace

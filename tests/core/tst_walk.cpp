@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+// Random walks through the program's commands, compared with a plain second program after every
+// step: incremental equals worked out anew.
+#include "grids/sortierung_coup.h"
+#include "support/reference.h"
+#include "support/stage.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+using support::Reference;
+using support::Stage;
+
+class Walk {
+public:
+    explicit Walk(unsigned seed) : random_(seed) {
+        stage.clock.step = std::chrono::milliseconds(1);
+    }
+
+    /// One command to both; gives what was done.
+    std::string step() {
+        switch (below(16)) {
+        case 0:
+        case 1:
+        case 2:
+            return clicks(1 + below(12));
+        case 3:
+            for (int i = 1 + below(5); i > 0; --i) {
+                stage.undo();
+                reference.undo();
+            }
+            return "undo";
+        case 4:
+            if (below(12) != 0)
+                return clicks(3);
+            stage.reset();
+            reference.reset();
+            return "reset";
+        case 5:
+        case 6: {
+            const int family = below(7);
+            stage.family(family);
+            if (family != reference.family)
+                reference.choose(family);
+            return "family " + std::to_string(family);
+        }
+        case 7:
+            stage.check(0);
+            reference.toggleCodes();
+            return "mode";
+        case 8:
+            stage.check(1);
+            reference.toggleLines();
+            return "lines";
+        case 9: {
+            const int box = 1 + below(2);
+            const int value = below(4);
+            stage.mark(box, std::to_string(value));
+            reference.mark(box, value);
+            return "mark";
+        }
+        case 10: {
+            const int box = 1 + below(2);
+            stage.button(3 + box);
+            reference.clearMark(box);
+            return "clear mark";
+        }
+        case 11:
+            return load();
+        case 12:
+            return draw();
+        case 13:
+            return placeAgain();
+        default:
+            return scribble(1 + below(50));
+        }
+    }
+
+    Stage stage;
+    Reference reference;
+
+private:
+    int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(random_); }
+
+    std::string clicks(int count) {
+        for (; count > 0; --count) {
+            const int number = below(37);
+            stage.click(number);
+            reference.coup(number);
+        }
+        return "clicks";
+    }
+
+    std::string load() {
+        std::string text;
+        for (int i = below(20); i > 0; --i) {
+            const int number = below(60);
+            text += std::to_string(number) + (below(8) == 0 ? "x\n" : "\r\n");
+            if (text.ends_with("\r\n") && number <= 36)
+                reference.coup(number);
+        }
+        stage.load(text);
+        return "load";
+    }
+
+    std::string draw() {
+        stage.draw(std::to_string(below(40)));
+        const auto all = support::numbers(stage.programm);
+        for (std::size_t i = reference.coups.size(); i < all.size(); ++i)
+            reference.coup(all[i]);
+        return "draw";
+    }
+
+    /// Places a coup under another family and mode without clearing: both marks stand.
+    std::string placeAgain() {
+        if (reference.coups.empty())
+            return "nothing";
+        forms::MainForm& form = stage.main;
+        const auto row = static_cast<std::size_t>(below(static_cast<int>(reference.coups.size())));
+        const int family = below(7);
+        const int mode = below(2);
+        const auto old
+            = std::tuple(form.xpCombo[0].ListIndex, form.Check[0].Value, form.Coup, form.Plein);
+        std::tie(form.xpCombo[0].ListIndex, form.Check[0].Value, form.Coup, form.Plein)
+            = std::tuple(family, mode, static_cast<std::int64_t>(row + 1), reference.coups[row]);
+        M_Permanenz::Sortierung_Coup(stage.programm);
+        std::tie(form.xpCombo[0].ListIndex, form.Check[0].Value, form.Coup, form.Plein) = old;
+        Reference other = reference;
+        other.family = family;
+        other.asCodes = mode != 0;
+        other.place(row + 1);
+        reference.view = other.view;
+        return "placed again";
+    }
+
+    /// Single writes of texts and colours that no coup would make.
+    std::string scribble(int count) {
+        for (; count > 0 && !reference.coups.empty(); --count) {
+            const auto row
+                = static_cast<std::size_t>(below(static_cast<int>(reference.coups.size())));
+            const bool view = below(4) != 0;
+            controls::Grid& grid = stage.main.Grid[view ? 0 : 1];
+            support::Row& wanted = (view ? reference.view : reference.store)[row];
+            // Column 2 of the store is the number itself.
+            const int column = view ? 1 + below(16) : 3 + below(8);
+            auto cell = grid.Row(static_cast<std::int64_t>(row) + 1);
+            const unsigned color = below(3) == 0 ? 0U : static_cast<unsigned>(below(1 << 24));
+            switch (below(5)) {
+            case 0:
+                cell.CellColor(column, color);
+                wanted.color[static_cast<std::size_t>(column)] = color;
+                break;
+            case 1:
+                cell.RowColor(color);
+                wanted.rowColor = color;
+                break;
+            default:
+                const std::string text = below(3) == 0 ? std::string()
+                    : below(2) == 0                    ? std::to_string(row + 1)
+                                                       : "w" + std::to_string(++written_);
+                cell.Cell(column, text);
+                wanted.text[static_cast<std::size_t>(column)] = text;
+            }
+        }
+        return "scribble";
+    }
+
+    std::mt19937 random_;
+    int written_ = 0;
+};
+
+TEST(Walk, EqualsThePlainProgramAfterEveryStep) {
+    bool wide = false;
+    for (const unsigned seed : {1U, 20U, 300U}) {
+        Walk walk(seed);
+        std::string done = "start";
+        for (int i = 0; i < 120; ++i) {
+            ASSERT_EQ(support::difference(
+                          support::picture(walk.stage.programm), walk.reference.picture()),
+                "")
+                << "seed " << seed << ", step " << i << ": " << done;
+            done = walk.step();
+        }
+        wide = wide || walk.stage.main.Grid[0].PatternCount() > 256;
+        EXPECT_TRUE(walk.stage.dialogs.messages.empty());
+    }
+    EXPECT_TRUE(wide) << "no walk had more row patterns than a byte numbers";
+}
+
+TEST(Walk, ReadyMadeRowsEqualSingleWrites) {
+    for (int family = 0; family < 7; ++family)
+        for (const bool asCodes : {false, true}) {
+            Stage stage;
+            stage.family(family);
+            if (asCodes)
+                stage.check(0);
+            for (int number = 0; number <= 36; ++number) {
+                stage.reset();
+                stage.click(number);
+                stage.click(number); // the second one comes from what the first one left
+                controls::Grid view;
+                controls::Grid store;
+                const auto row = support::codes(number);
+                const auto marks = support::marks(family, asCodes, number);
+                for (std::int64_t r = 1; r <= 2; ++r) {
+                    view.AddRow(std::to_string(r));
+                    store.AddRow(std::to_string(r));
+                    store.Row(r).Cell(2, std::to_string(number));
+                    for (int k = 3; k <= 10; ++k)
+                        store.Row(r).Cell(k, row[static_cast<std::size_t>(k - 1)]);
+                    if (row[2] != "N") {
+                        for (int k = 2; k <= 16; ++k)
+                            view.Row(r).CellColor(k, support::numberColor(number));
+                        store.Row(r).RowColor(support::numberColor(number));
+                    }
+                    for (int k = 2; k <= 16; ++k)
+                        if (!marks[static_cast<std::size_t>(k)].empty())
+                            view.Row(r).Cell(k, marks[static_cast<std::size_t>(k)]);
+                    const auto pattern = [r](const controls::Grid& grid) {
+                        return grid.Pattern(grid.PatternOf(r));
+                    };
+                    ASSERT_TRUE(pattern(view) == pattern(stage.main.Grid[0])
+                        && pattern(store) == pattern(stage.main.Grid[1]))
+                        << "number " << number << ", family " << family << ", row " << r;
+                }
+                ASSERT_EQ(stage.main.Grid[0].PatternOf(1), stage.main.Grid[0].PatternOf(2));
+            }
+        }
+}
+
+TEST(Walk, RowsNotYetReachedByAResortKeepTheirOldMarks) {
+    Stage stage;
+    stage.draw("20000");
+    const auto numbers = support::numbers(stage.programm);
+    int looks = 0;
+    bool between = false;
+    stage.events.onPaint = [&] {
+        ++looks;
+        const std::int64_t done = stage.main.Coup;
+        between = between || (done > 0 && done < 20000);
+        for (std::int64_t row = 1; row <= 20000; row += row < 20 ? 1 : 61) {
+            const auto wanted = support::marks(
+                row <= done ? 5 : 0, false, numbers[static_cast<std::size_t>(row - 1)]);
+            for (int j = 2; j <= 13; ++j)
+                ASSERT_EQ(stage.main.Grid[0].Row(row).Cell(j), wanted[static_cast<std::size_t>(j)])
+                    << "row " << row << " with " << done << " rows done";
+        }
+    };
+    stage.family(5);
+    EXPECT_TRUE(between);
+    EXPECT_GE(looks, 4);
+}
+
+} // namespace

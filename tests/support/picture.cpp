@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The program's state as lines of text.
+#include "progress/lauf.h"
+#include "stats/m_chancen.h"
+#include "stats/m_tableau.h"
+#include "support/reference.h"
+#include "support/stage.h"
+
+namespace support {
+
+namespace {
+
+using forms::plan::Name;
+
+std::string cell(const char* what, int index, const controls::CellColors& c) {
+    return std::string(what) + " " + std::to_string(index) + ": " + std::to_string(c.ForeColor)
+        + " on " + std::to_string(c.BackColor) + ", " + std::to_string(c.ForeColorDis) + " on "
+        + std::to_string(c.BackColorDis);
+}
+
+void rows(std::vector<std::string>& text, const controls::Grid& grid) {
+    for (std::int64_t i = 1; i <= grid.RowCount(); ++i) {
+        Row row;
+        const auto read = grid.Row(i);
+        for (int j = 1; j <= grid.ColumnCount(); ++j) {
+            row.text[static_cast<std::size_t>(j)] = read.Cell(j);
+            row.color[static_cast<std::size_t>(j)] = read.CellColor(j);
+        }
+        row.rowColor = read.RowColor();
+        text.push_back(line(row, grid.ColumnCount()));
+    }
+}
+
+} // namespace
+
+std::vector<std::string> picture(const forms::Programm& programm) {
+    const forms::MainForm& form = programm.Frm_Main;
+    std::vector<std::string> text{"Coup " + std::to_string(form.Coup) + " Plein "
+        + std::to_string(form.Plein) + " family " + std::to_string(form.xpCombo[0].ListIndex)
+        + " codes " + std::to_string(form.Check[0].Value) + " lines "
+        + std::to_string(form.Grid[0].GridLines) + " width " + std::to_string(form.Grid[0].Width)};
+    for (const auto& [label, last] :
+        std::array<std::pair<Name, int>, 11>{{{Name::XPLabel_N, 0}, {Name::XPLabel_R, 0},
+            {Name::XPLabel_P, 0}, {Name::XPLabel_I, 0}, {Name::XPLabel_Ps, 0}, {Name::XPLabel_M, 0},
+            {Name::XPLabel_K, 3}, {Name::XPLabel_D, 3}, {Name::XPLabel_TVS, 11},
+            {Name::XPLabel_TVP, 14}, {Name::Label, 4}}})
+        for (int i = label == Name::Label ? 4 : std::min(last, 1); i <= last; ++i)
+            text.push_back(M_Chancen::Beschriftung(programm, label, i));
+    for (int n = 0; n <= 36; ++n) {
+        text.push_back(M_Chancen::Beschriftung(programm, Name::XPLabel_Plein, n) + " in "
+            + std::to_string(M_Chancen::Farbe_Plein(programm, n)));
+        text.push_back(cell("pad", n, M_Tableau::Farben_Pad(programm, n)));
+        text.push_back(cell("tableau", n, M_Tableau::Farben_Tableauzahl(programm, n)));
+    }
+    for (std::size_t i : {1U, 2U})
+        text.push_back("box '" + form.Text[i].Text + "' " + std::to_string(form.Text[i].BackColor)
+            + " " + std::to_string(form.Text[i].ForeColor));
+    for (int j = 1; j <= form.Grid[0].ColumnCount(); ++j) {
+        const auto& column = form.Grid[0].Column(j);
+        text.push_back("column '" + column.Caption + "' " + std::to_string(column.Width) + " "
+            + std::to_string(column.Alignment));
+    }
+    rows(text, form.Grid[0]);
+    rows(text, form.Grid[1]);
+    return text;
+}
+
+std::vector<std::string> state(const forms::Programm& programm) {
+    const forms::MainForm& form = programm.Frm_Main;
+    const forms::ProgressForm& run = programm.Frm_Progressbar;
+    std::vector<std::string> text = picture(programm);
+    for (const auto& value : {std::uint64_t{form.Loaded}, std::uint64_t{form.Visible},
+             std::uint64_t{form.Enabled}, form.FocusRequests, std::uint64_t{form.InHandler},
+             std::uint64_t{form.CloseRequested}, form.Grid[0].ScrollRow().count,
+             static_cast<std::uint64_t>(form.Grid[0].ScrollRow().row),
+             static_cast<std::uint64_t>(form.Check[1].Value), std::uint64_t{run.Visible},
+             std::uint64_t{run.Abbruch}, std::uint64_t{run.xpButton.Enabled},
+             std::uint64_t{programm.Frm_Info.Visible}, programm.Frm_Info.FocusRequests})
+        text.push_back(std::to_string(value));
+    text.push_back(form.Text[0].Text + "|" + form.FileName + "|"
+        + progress::Statustext(run.Lbl_Status) + "|" + std::to_string(run.xpProgress.Max) + "|"
+        + std::to_string(run.xpProgress.Value));
+    return text;
+}
+
+std::string difference(const std::vector<std::string>& is, const std::vector<std::string>& wanted) {
+    for (std::size_t i = 0; i < std::max(is.size(), wanted.size()); ++i) {
+        const std::string left = i < is.size() ? is[i] : "(no line)";
+        const std::string right = i < wanted.size() ? wanted[i] : "(no line)";
+        if (left != right)
+            return "line " + std::to_string(i) + "\n is:     " + left + "\n wanted: " + right;
+    }
+    return {};
+}
+
+std::vector<int> numbers(const forms::Programm& programm) {
+    std::vector<int> all;
+    const controls::Grid& store = programm.Frm_Main.Grid[1];
+    for (std::int64_t row = 1; row <= store.RowCount(); ++row)
+        all.push_back(std::stoi(store.Row(row).Cell(2)));
+    return all;
+}
+
+} // namespace support
