@@ -16,6 +16,14 @@ namespace {
 
 constexpr char16_t enter = 13;
 
+/// Whether a key types a character, by the rule of the text box below: Ctrl makes it a command, but
+/// Ctrl with Alt is how some keyboards reach their third level.
+bool typesCharacter(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers command = event.modifiers() & ~Qt::ShiftModifier;
+    return !event.text().isEmpty() && event.text().front().isPrint()
+        && command != Qt::ControlModifier;
+}
+
 } // namespace
 
 CountBox::CountBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
@@ -36,8 +44,7 @@ void CountBox::keyPressEvent(QKeyEvent* event) {
         passes(QChar(enter));
         return;
     }
-    const QString typed = event->text();
-    if (!typed.isEmpty() && typed.front().isPrint() && !passes(typed.front()))
+    if (typesCharacter(*event) && !passes(event->text().front()))
         return;
     QLineEdit::keyPressEvent(event);
 }

@@ -7,8 +7,15 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 
 namespace window {
+
+namespace {
+
+constexpr int focusInset = 3; // pixels
+
+} // namespace
 
 MarkingBox::MarkingBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : TextBoxView(session, control, parent) {
@@ -40,6 +47,16 @@ void MarkingBox::keyPressEvent(QKeyEvent* event) {
     default:
         QLineEdit::keyPressEvent(event);
     }
+}
+
+void MarkingBox::paintEvent(QPaintEvent* event) {
+    TextBoxView::paintEvent(event);
+    if (!hasFocus())
+        return;
+    // No caret blinks here, and the usual frame is lost around the blue of a box with a value.
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Text), 1, Qt::DotLine));
+    painter.drawRect(rect().adjusted(focusInset, focusInset, -focusInset - 1, -focusInset - 1));
 }
 
 } // namespace window

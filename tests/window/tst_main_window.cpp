@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: MIT
+// The main window as its user meets it: places, keys, wheel, and what it refuses during a run.
+#include "support/stage.h"
+#include "window/control_names.h"
+#include "window/main_window.h"
+#include "window/style.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <set>
+
+namespace {
+
+namespace plan = forms::plan;
+using plan::Name;
+
+/// How far two pictures of one size lie apart where they differ most, 0 to 255.
+int distance(const QImage& one, const QImage& other) {
+    int most = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            most = std::max(most, std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))));
+    return most;
+}
+
+class MainWindowTest : public testing::Test {
+protected:
+    MainWindowTest() {
+        stage.clock.midnight = [] { return 1.0; };
+        main.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&main));
+    }
+
+    template <class Widget = QWidget>
+    Widget* find(Name name, int index) {
+        return main.findChild<Widget*>(window::controlName(name, index));
+    }
+    void focus(Name name, int index) { find(name, index)->setFocus(); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(main.focusWidget() ? main.focusWidget() : &main, key, modifiers);
+        main.refresh();
+    }
+    QString focused() const { return main.focusWidget() ? main.focusWidget()->objectName() : ""; }
+
+    support::Stage stage;
+    window::MainWindow main{window::Session{stage.programm, stage.platform}};
+    QLineEdit& count = *find<QLineEdit>(Name::Text, 0);
+};
+
+TEST_F(MainWindowTest, ControlsStandWhereThePlanPutsThem) {
+    const auto* area = main.findChild<QScrollArea*>();
+    EXPECT_EQ(area->widget()->size(), QSize(1016, 714));
+    const auto check = [&](const plan::Control& panel, const auto& controls) {
+        const auto* frame = find(panel.name, panel.index);
+        ASSERT_TRUE(frame);
+        EXPECT_EQ(frame->geometry(), window::toPixels(panel.place));
+        for (const plan::Control& control : controls) {
+            const auto* widget = find(control.name, control.index);
+            ASSERT_TRUE(widget) << control.caption;
+            const QRect wanted = window::toPixels(control.place);
+            const QRect place = widget->geometry();
+            EXPECT_EQ(widget->parentWidget(), frame);
+            EXPECT_EQ(place.topLeft(), wanted.topLeft()) << control.caption;
+            if (control.name == Name::Label || control.name == Name::Label1) {
+                EXPECT_TRUE(place.contains(wanted)) << control.caption; // grows with its text
+                EXPECT_LE(place.right(), frame->rect().right());
+            } else if (control.name != Name::Grid) {
+                EXPECT_EQ(place, wanted) << control.caption;
+            }
+        }
+    };
+    check(plan::Panels[0], plan::Eingabe);
+    check(plan::Panels[1], plan::Sortierung);
+    check(plan::Panels[2], plan::Tableau);
+    stage.main.Grid[0].Width = 4710;
+    main.refresh();
+    EXPECT_EQ(find(Name::Grid, 0)->geometry(), window::toPixels({120, 720, 4710, 9255}));
+}
+
+TEST_F(MainWindowTest, LabelsKeepClearOfWhatStandsBehindThem) {
+    const auto clear = [this](int label, Name name, int index) {
+        return find(Name::Label, label)->geometry().right() < find(name, index)->x();
+    };
+    EXPECT_TRUE(clear(0, Name::Text, 1));
+    EXPECT_TRUE(clear(1, Name::Text, 2));
+    EXPECT_TRUE(clear(2, Name::xpButton, 4));
+    EXPECT_TRUE(clear(3, Name::xpButton, 5));
+}
+
+TEST_F(MainWindowTest, NoAccessKeyHasTwoOwners) {
+    std::multiset<QString> keys;
+    for (const auto* button : main.findChildren<QAbstractButton*>())
+        if (!button->shortcut().isEmpty())
+            keys.insert(button->shortcut().toString());
+    for (const auto* entry : main.menuBar()->actions())
+        keys.insert(QKeySequence::mnemonic(entry->text()).toString());
+    EXPECT_EQ(keys.size(), 5U); // Laden, Rückgängig, Speichern; Datei, Info
+    for (const QString& key : keys)
+        EXPECT_EQ(keys.count(key), 1U) << key.toStdString();
+    std::set<QString> letters;
+    const auto entries = main.menuBar()->actions().first()->menu()->actions();
+    for (const auto* entry : entries)
+        EXPECT_TRUE(letters.insert(QKeySequence::mnemonic(entry->text()).toString()).second);
+}
+
+// The screen of these tests is smaller than the window, so this also shows that everything can be
+// reached on a small one.
+TEST_F(MainWindowTest, TabWalksThroughTheWindowInReadingOrder) {
+    const auto* area = main.findChild<QScrollArea*>();
+    EXPECT_TRUE(main.screen()->availableGeometry().contains(main.frameGeometry()));
+    QStringList walk;
+    do {
+        walk += focused();
+        const QWidget* at = main.focusWidget();
+        const QPoint corner = at->mapTo(area->viewport(), QPoint(0, 0));
+        EXPECT_TRUE(area->viewport()->rect().contains(corner)) << focused().toStdString();
+        QTest::keyClick(main.focusWidget(), Qt::Key_Tab);
+    } while (focused() != walk.first() && walk.size() < 40);
+    EXPECT_EQ(walk.join(u' '),
+        QStringLiteral("xpFrame(2) Text(0) xpButton(2) xpButton(0) xpButton(1) xpButton(3) "
+                       "xpCombo(0) Grid(0) Check(0) Check(1) Text(1) xpButton(4) Text(2) "
+                       "xpButton(5)"));
+}
+
+TEST_F(MainWindowTest, AltRTakesBackAndNeverClears) {
+    for (const int number : {1, 2, 3, 4, 5})
+        stage.click(number);
+    for (int left = 4; left >= 2; --left) {
+        press(Qt::Key_R, Qt::AltModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return stage.main.Coup == left; }, 2000)) << left;
+    }
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(stage.main.Coup, 1);
+    focus(Name::Text, 1);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(stage.main.Coup, 0);
+    stage.click(7);
+    focus(Name::Text, 0);
+    QTest::keyClicks(&count, "12");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(stage.main.Coup, 1) << "the text box takes back its own typing";
+    EXPECT_NE(count.text().toStdString(), "12");
+}
+
+TEST_F(MainWindowTest, CountBoxFiltersTypedCharactersOnly) {
+    focus(Name::Text, 0);
+    for (const QChar typed : QStringLiteral("1a 2-,.3ä€")) {
+        QKeyEvent key(QEvent::KeyPress, 0, {}, QString(typed));
+        QApplication::sendEvent(&count, &key);
+    }
+    EXPECT_EQ(count.text().toStdString(), "123");
+    EXPECT_EQ(stage.main.Text[0].Text, "123");
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("é4"));
+    QApplication::sendEvent(&count, &composed);
+    EXPECT_EQ(count.text().toStdString(), "1234");
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Home);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(stage.main.Text[0].Text, "23");
+    QApplication::clipboard()->setText(QStringLiteral("5 Coups"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(stage.main.Text[0].Text, "5 Coups");
+    press(Qt::Key_Return);
+    press(Qt::Key_Enter);
+    EXPECT_EQ(stage.main.Coup, 10);
+    EXPECT_EQ(count.text().toStdString(), "5 Coups");
+}
+
+TEST_F(MainWindowTest, MarkingBoxesAskInsteadOfBeingTypedInto) {
+    auto& box = *find<QLineEdit>(Name::Text, 2);
+    stage.dialogs.answer = "3";
+    focus(Name::Text, 2);
+    QTest::keyClicks(&box, "7");
+    press(Qt::Key_Backspace);
+    EXPECT_TRUE(stage.dialogs.asked.empty());
+    press(Qt::Key_Space);
+    EXPECT_EQ(box.text().toStdString(), "3");
+    EXPECT_EQ(box.palette().color(QPalette::Base), QColor(0, 0, 255));
+    EXPECT_EQ(box.palette().color(QPalette::Text), QColor(255, 255, 255));
+    press(Qt::Key_Return);
+    QTest::mouseClick(&box, Qt::LeftButton);
+    QTest::mouseClick(&box, Qt::RightButton);
+    ASSERT_EQ(stage.dialogs.asked.size(), 3U);
+    EXPECT_EQ(stage.dialogs.asked[2].substr(0, 23), "Pleins mind. markieren!");
+    find<QPushButton>(Name::xpButton, 5)->click();
+    main.refresh();
+    EXPECT_EQ(box.text().toStdString(), "");
+    EXPECT_EQ(box.palette().color(QPalette::Base), QColor(255, 255, 255));
+}
+
+TEST_F(MainWindowTest, TheWheelNeverChoosesAFamily) {
+    auto& box = *find<QComboBox>(Name::xpCombo, 0);
+    box.setFocus();
+    for (const int turn : {-120, 120, -1200}) {
+        QWheelEvent wheel(QPointF(5, 5), box.mapToGlobal(QPointF(5, 5)), {}, {0, turn},
+            Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&box, &wheel);
+    }
+    EXPECT_EQ(stage.main.xpCombo[0].ListIndex, 0);
+    EXPECT_EQ(box.currentIndex(), 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(stage.main.xpCombo[0].ListIndex, 1);
+    EXPECT_EQ(box.currentText().toStdString(), "Pair/Impair");
+    stage.main.InHandler = true; // a choice that is refused leaves no trace
+    press(Qt::Key_Down);
+    EXPECT_EQ(box.currentText().toStdString(), "Pair/Impair");
+    stage.main.InHandler = false;
+}
+
+TEST_F(MainWindowTest, DuringARunNothingGetsInAndNothingTurnsGrey) {
+    stage.click(8);
+    focus(Name::Text, 0);
+    QTest::keyClicks(&count, "20000");
+    const auto pictures = [this] {
+        std::map<std::string, QImage> grabbed;
+        for (QWidget* widget : main.findChildren<QWidget*>())
+            if (widget->isVisible()
+                && (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget)
+                    || qobject_cast<QLabel*>(widget)))
+                grabbed[widget->objectName().toStdString()] = widget->grab().toImage();
+        return grabbed;
+    };
+    const auto before = pictures();
+    int turns = 0;
+    stage.events.onTurn = [&] {
+        main.refresh();
+        if (++turns != 1)
+            return;
+        for (const auto& [name, picture] : pictures())
+            if (name != "Label(4)") {
+                EXPECT_LT(distance(picture, before.at(name)), 32) << name; // grey text is 100 off
+            }
+        const auto state = support::state(stage.programm);
+        for (auto* button : main.findChildren<QAbstractButton*>()) {
+            button->click();
+            if (QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(button))
+                if (auto* actions = spoken->actionInterface())
+                    actions->doAction(QAccessibleActionInterface::pressAction());
+        }
+        for (QAction* entry : main.findChildren<QAction*>())
+            entry->trigger();
+        for (const auto& [key, modifier] : {std::pair(Qt::Key_R, Qt::AltModifier),
+                 {Qt::Key_L, Qt::AltModifier}, {Qt::Key_Z, Qt::ControlModifier},
+                 {Qt::Key_Return, Qt::NoModifier}, {Qt::Key_5, Qt::NoModifier}})
+            press(key, modifier);
+        QTest::mouseClick(find(Name::xpFrame, 2), Qt::LeftButton, {}, QPoint(40, 60));
+        QTest::mouseClick(find(Name::Text, 1), Qt::LeftButton);
+        QTest::keyClick(find(Name::xpCombo, 0), Qt::Key_Down);
+        QTest::qWait(250); // longer than a pressed button takes to spring back
+        EXPECT_EQ(support::state(stage.programm), state);
+        EXPECT_TRUE(stage.dialogs.asked.empty());
+    };
+    press(Qt::Key_Return);
+    EXPECT_GT(turns, 1);
+    EXPECT_EQ(stage.main.Coup, 20001);
+    EXPECT_EQ(focused(), "Text(0)") << "the focus comes back after the run";
+}
+
+TEST_F(MainWindowTest, ClosingIsLeftToTheProgram) {
+    int turns = 0;
+    stage.events.onTurn = [&] {
+        ++turns;
+        const bool closed = turns == 2 && main.close();
+        EXPECT_FALSE(closed);
+    };
+    stage.draw("1000000");
+    EXPECT_EQ(turns, 2) << "the run leaves its loop";
+    EXPECT_EQ(stage.processes.ends, 1);
+    EXPECT_FALSE(stage.main.Loaded);
+}
+
+} // namespace
