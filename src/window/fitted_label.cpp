@@ -29,6 +29,8 @@ void FittedLabel::showText(const QString& shown) {
     if (shown == text() && !shown.isEmpty())
         return;
     setText(shown);
+    // A screen reader would call an empty label by its panel's caption.
+    setVisible(!shown.isEmpty());
     const QFontMetrics metrics(font());
     const int wanted = std::max(planned_.width(), metrics.horizontalAdvance(shown));
     resize(std::min(wanted, std::max(room_, planned_.width())),
