@@ -18,7 +18,12 @@
 namespace files {
 
 /// Memory set aside during a run, so that there is some to speak of it when memory gives out.
+/// Taken by a plain call: a new-expression whose memory nobody reads is left out by compilers.
 inline constexpr std::size_t Notvorrat = 1 << 20;
+
+struct Freigabe {
+    void operator()(void* vorrat) const noexcept { ::operator delete(vorrat); }
+};
 
 /// Whether the sorted view follows the new coups while the run goes on.
 enum class Ansicht { Folgt, Bleibt };
@@ -30,7 +35,7 @@ enum class Ansicht { Folgt, Bleibt };
 template <class Naechste>
 void Coups_Aufnehmen(forms::Programm& programm, platform::Platform& platform, std::int64_t gesamt,
     Ansicht ansicht, Naechste naechste) {
-    auto vorrat = std::make_unique_for_overwrite<std::byte[]>(Notvorrat);
+    std::unique_ptr<void, Freigabe> vorrat(::operator new(Notvorrat));
     progress::Pace pace(platform);
     forms::MainForm& form = programm.Frm_Main;
     const std::int64_t vorher = form.Coup;
