@@ -29,8 +29,8 @@ enum Column {
 using Row = std::array<std::string_view, ColumnCount>;
 
 /// The table by number. An empty text is a cell with nothing to say. Colours, columns, dozens and
-/// transversals are those of the French table layout; numbers 2 and 3 share two rows of three with
-/// the zero.
+/// transversals are those of the French table layout; 1 and 2 share one row of three with the
+/// zero, 2 and 3 another.
 inline constexpr std::array<Row, NumberCount> Chancentabelle{{
     {"0", "Z", "Z", "Z", "Z", "Z", "Z", "Z", "Z", "13", "14"},
     {"1", "R", "I", "M", "1", "1", "1", "", "1", "13", ""},
@@ -78,6 +78,8 @@ constexpr std::string_view code(int number, int column) {
 
 /// A set of numbers, one bit per number.
 using NumberSet = std::uint64_t;
+
+inline constexpr NumberSet AllNumbers = (NumberSet{1} << NumberCount) - 1;
 
 constexpr bool contains(NumberSet set, int number) {
     return (set >> number & 1U) != 0;

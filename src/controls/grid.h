@@ -17,9 +17,9 @@ namespace controls {
 
 /// A grid of rows and columns, both counted from 1.
 ///
-/// A row costs one byte as long as the grid has at most 256 different rows apart from their serial
-/// numbers: it keeps the number of a pattern, and the pattern keeps texts and colours. Any single
-/// cell can still be written; the row then moves to another pattern.
+/// A row costs one byte as long as about half of 256 numbers do for the different rows apart from
+/// their serial numbers, then two or four: it keeps the number of a pattern, and the pattern keeps
+/// texts and colours. Any single cell can still be written; the row then moves to another pattern.
 class Grid {
 public:
     struct ColumnState {

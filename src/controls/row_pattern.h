@@ -18,6 +18,7 @@ public:
     /// The text of a cell; empty when it was never written. Cell 1 reads empty while it stands for
     /// the row's own number.
     std::string_view Cell(int column) const;
+    /// `text` must not be a text of this same pattern.
     void Cell(int column, std::string_view text);
 
     /// The colour of a cell, if it was ever set; 0 is black.

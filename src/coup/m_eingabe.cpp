@@ -11,7 +11,7 @@ namespace M_Eingabe {
 void Chancen_Reset(Programm& programm) {
     forms::MainForm& form = programm.Frm_Main;
     programm.Chancen.Anz_Plein.fill(0);
-    programm.Chancen.geaendert = (chances::NumberSet{1} << chances::NumberCount) - 1;
+    programm.Chancen.geaendert = chances::AllNumbers;
     form.Grid[0].Clear();
     form.Grid[1].Clear();
     form.Coup = 0;

@@ -57,12 +57,12 @@ controls::RowPattern speicherzeile(int zahl) {
     return zeile;
 }
 
-/// Appends the row of a number, made by `make` the first time and kept in `fertig` from then on.
+/// The pattern of a number's row, made by `make` the first time and kept in `fertig` from then on.
 template <class Make>
-void anhaengen(controls::Grid& grid, forms::Uebergang& fertig, int zahl, Make make) {
+controls::PatternId muster(controls::Grid& grid, forms::Uebergang& fertig, int zahl, Make make) {
     if (!fertig.bekannt)
         fertig = {true, 0, grid.Intern(make(zahl))};
-    grid.AddPattern(fertig.nachher);
+    return fertig.nachher;
 }
 
 /// The ready-made rows of a number, where both are known.
@@ -165,11 +165,15 @@ void Permanenz_Zeile(Programm& programm) {
     forms::MainForm& form = programm.Frm_Main;
     const int zahl = form.Plein;
     const auto index = static_cast<std::size_t>(zahl);
+    Fertigzeilen_Pruefen(programm);
+    const auto sicht = muster(form.Grid[0], programm.Fertig.sicht[index], zahl, sichtzeile);
+    const auto speicher
+        = muster(form.Grid[1], programm.Fertig.speicher[index], zahl, speicherzeile);
+    // Whatever can fail comes before the first row.
     form.Grid[0].ReserveRow();
     form.Grid[1].ReserveRow();
-    Fertigzeilen_Pruefen(programm);
-    anhaengen(form.Grid[0], programm.Fertig.sicht[index], zahl, sichtzeile);
-    anhaengen(form.Grid[1], programm.Fertig.speicher[index], zahl, speicherzeile);
+    form.Grid[0].AddPattern(sicht);
+    form.Grid[1].AddPattern(speicher);
     form.Grid[1].Refresh();
     form.Grid[0].Refresh();
 }

@@ -21,9 +21,19 @@ namespace files {
 /// Taken by a plain call: a new-expression whose memory nobody reads is left out by compilers.
 inline constexpr std::size_t Notvorrat = 1 << 20;
 
+/// What a run leaves to the rest of the machine.
+inline constexpr std::uint64_t Reserve = std::uint64_t{256} << 20;
+
 struct Freigabe {
     void operator()(void* vorrat) const noexcept { ::operator delete(vorrat); }
 };
+
+/// Throws std::bad_alloc when the machine is about to run out of memory. Many systems promise more
+/// than they have and end the program instead of refusing; looking ahead keeps the coups.
+inline void Speicher_Pruefen(platform::Platform& platform) {
+    if (platform.processes.memoryLeft() < Reserve)
+        throw std::bad_alloc();
+}
 
 /// Whether the sorted view follows the new coups while the run goes on.
 enum class Ansicht { Folgt, Bleibt };
@@ -33,26 +43,31 @@ enum class Ansicht { Folgt, Bleibt };
 /// least one and at most `most` of them. Ends early when the user cancels, when the program is to
 /// end, or, with a message, when memory gives out; the coups so far are kept.
 template <class Naechste>
-void Coups_Aufnehmen(forms::Programm& programm, platform::Platform& platform, std::int64_t gesamt,
+void Lauf_Ausfuehren(forms::Programm& programm, platform::Platform& platform, std::int64_t gesamt,
     Ansicht ansicht, Naechste naechste) {
     std::unique_ptr<void, Freigabe> vorrat(::operator new(Notvorrat));
     progress::Pace pace(platform);
     forms::MainForm& form = programm.Frm_Main;
     const std::int64_t vorher = form.Coup;
+    const auto zeigen = [&](std::int64_t schritt) {
+        if (ansicht == Ansicht::Folgt)
+            form.Grid[0].ScrollRow(form.Coup);
+        if (schritt > 0)
+            progress::Melden(programm, form.Coup, gesamt, schritt);
+    };
     try {
         for (std::int64_t i = 0; i < gesamt && !progress::Abgebrochen(programm);) {
             const std::span<const std::uint8_t> zahlen
                 = naechste(i, std::min(progress::BlockSize, gesamt - i));
             M_Permanenz::Coups_Aufnehmen(programm, zahlen);
             i = form.Coup - vorher;
-            if (ansicht == Ansicht::Folgt)
-                form.Grid[0].ScrollRow(form.Coup);
-            progress::Melden(programm, form.Coup, gesamt, i);
-            pace.turn();
+            zeigen(i);
+            if (pace.turn())
+                Speicher_Pruefen(platform);
         }
     } catch (const std::bad_alloc&) {
         vorrat.reset();
-        progress::Melden(programm, form.Coup, gesamt, form.Coup - vorher);
+        zeigen(form.Coup - vorher);
         Meldung_Speicher(platform);
     }
 }

@@ -36,7 +36,8 @@ bool einlesen(const forms::Programm& programm, platform::Platform& platform,
             return true;
         }
         leser.lesen({block.data(), count});
-        pace.turn();
+        if (pace.turn())
+            files::Speicher_Pruefen(platform);
     }
     return false;
 }
@@ -53,22 +54,28 @@ std::string zeilen(const controls::Grid& speicher, std::int64_t& row) {
     return lines;
 }
 
-std::error_code schreiben(
-    const controls::Grid& speicher, platform::Platform& platform, const platform::FileName& name) {
+/// Writes the whole permanence; what went wrong, if anything.
+std::error_code schreiben(const controls::Grid& speicher, platform::Platform& platform,
+    const platform::FileName& name) try {
     std::error_code error;
     const auto writer = platform.files.create(name, error);
     if (!writer)
         return error;
-    for (std::int64_t row = 1; row <= speicher.RowCount();)
+    progress::Pace pace(platform);
+    for (std::int64_t row = 1; row <= speicher.RowCount();) {
         if ((error = writer->write(zeilen(speicher, row))))
             return error;
+        pace.paint();
+    }
     return writer->commit();
+} catch (const std::bad_alloc&) {
+    return std::make_error_code(std::errc::not_enough_memory);
 }
 
 void anhaengen(forms::Programm& programm, platform::Platform& platform, files::Zeilenleser& leser) {
     auto& zahlen = leser.zahlen();
     progress::Zeigen(programm, zahlen.size(), true);
-    files::Coups_Aufnehmen(programm, platform, zahlen.size(), files::Ansicht::Folgt,
+    files::Lauf_Ausfuehren(programm, platform, zahlen.size(), files::Ansicht::Folgt,
         [&](std::int64_t i, std::int64_t most) {
             zahlen.release(i); // what has been taken in isn't needed any more
             const auto run = std::as_const(zahlen).run(i);

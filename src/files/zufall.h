@@ -10,8 +10,8 @@ namespace Zufall {
 /// Mixes the clock into the generator's state. The state moves on with every call, also while the
 /// clock stands still, so that draws within one tick differ.
 inline void Saeen(std::uint64_t& zustand, std::chrono::nanoseconds uhr) {
-    // An odd step reaches all 2^64 states before one comes again (Weyl sequence); the constant is
-    // 2^64 divided by the golden ratio.
+    // The step is odd, so it is never 0, and under a standing clock all 2^64 states come before one
+    // comes again (Weyl sequence). The constant is 2^64 divided by the golden ratio.
     zustand += 0x9E3779B97F4A7C15U + 2 * static_cast<std::uint64_t>(uhr.count());
 }
 

@@ -4,10 +4,10 @@
 
 #include "files/coup_lauf.h"
 #include "files/zufall.h"
+#include "stats/zahlentext.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 #include <span>
 
@@ -15,19 +15,13 @@ namespace M_Eingabe {
 
 namespace {
 
-/// The whole number at the start of the text, blanks before it passed over, 0 if there is none;
-/// nothing beyond 32 bits signed. A minus sign is no way to ask for draws and reads as none.
+/// The number at the start of the text as a whole number, 0 if the text starts with no digit
+/// (blanks before it passed over); nothing beyond 32 bits signed.
 std::optional<std::int32_t> anzahl(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    if (text.starts_with('-'))
+    if (text.empty() || text.front() < '0' || text.front() > '9')
         return 0;
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    std::int32_t count = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), count);
-    if (result.ec == std::errc::result_out_of_range)
-        return std::nullopt;
-    return std::max(count, 0);
+    return stats::Ganzzahl32(stats::Zahl_am_Anfang(text));
 }
 
 } // namespace
@@ -42,7 +36,7 @@ void Zufallsserie(forms::Programm& programm, platform::Platform& platform) {
     form.Enabled = false;
     progress::Zeigen(programm, *n, true);
     std::array<std::uint8_t, progress::BlockSize> gezogen{};
-    files::Coups_Aufnehmen(
+    files::Lauf_Ausfuehren(
         programm, platform, *n, files::Ansicht::Bleibt, [&](std::int64_t, std::int64_t most) {
             const auto zahlen = std::span(gezogen).first(static_cast<std::size_t>(most));
             for (std::uint8_t& zahl : zahlen) {

@@ -94,7 +94,7 @@ struct Shape {
     int border = 0; ///< pixels
 };
 
-/// A straight line in black, from (x1, y1) to (x2, y2).
+/// A straight line, black unless its owner says otherwise, from (x1, y1) to (x2, y2).
 struct Line {
     int index = 0;
     Twips x1 = 0;

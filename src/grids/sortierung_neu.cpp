@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <span>
 #include <vector>
 
@@ -29,12 +30,13 @@ public:
         : programm_(programm), sicht_(programm.Frm_Main.Grid[0]),
           speicher_(programm.Frm_Main.Grid[1]) { }
 
-    /// Re-sorts the rows `von` up to `bis`, both included.
+    /// Re-sorts the rows `von` up to `bis`, both included. A row whose new look memory can't hold
+    /// keeps its old one, and the work goes on.
     void block(std::int64_t von, std::int64_t bis) {
         for (std::int64_t row = von; row <= bis;) {
             row = bekannteZeilen(row, bis);
             if (row <= bis)
-                neueZeile(row++);
+                versuchen(row++);
         }
         programm_.Frm_Main.Coup = bis;
         programm_.Frm_Main.Plein = zahl(bis);
@@ -66,6 +68,14 @@ private:
         });
     }
 
+    void versuchen(std::int64_t row) {
+        try {
+            neueZeile(row);
+        } catch (const std::bad_alloc&) {
+            bekannt_.clear();
+        }
+    }
+
     void neueZeile(std::int64_t row) {
         const PatternId vorher = sicht_.PatternOf(row);
         const PatternId speicher = speicher_.PatternOf(row);
@@ -94,22 +104,14 @@ void Sortierung_Neu(Programm& programm, platform::Platform& platform) {
     const std::int64_t n = programm.Frm_Main.Grid[1].RowCount();
     progress::Zeigen(programm, n, false);
     const std::int64_t m = sicht.RowCount();
-    const int plein = programm.Frm_Main.Plein;
     progress::Pace pace(platform);
     Umsortierung umsortierung(programm);
-    try {
-        for (std::int64_t i = 1; i <= m; i += progress::BlockSize) {
-            const std::int64_t last = std::min(i + progress::BlockSize - 1, m);
-            umsortierung.block(i, last);
-            sicht.Refresh();
-            progress::Melden(programm, last, n, last);
-            pace.paint();
-        }
-    } catch (...) {
-        programm.Frm_Main.Coup = m;
-        programm.Frm_Main.Plein = plein;
-        progress::Form_Unload(programm);
-        throw;
+    for (std::int64_t i = 1; i <= m; i += progress::BlockSize) {
+        const std::int64_t last = std::min(i + progress::BlockSize - 1, m);
+        umsortierung.block(i, last);
+        sicht.Refresh();
+        progress::Melden(programm, last, n, last);
+        pace.paint();
     }
     progress::Form_Unload(programm);
 }

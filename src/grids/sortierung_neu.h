@@ -9,8 +9,8 @@ namespace M_Permanenz {
 
 /// Empties the marks of every row of the sorted view and places every coup of the store anew, with
 /// the progress dialog showing how far it has come. It can't be cancelled; painting gets its turns,
-/// input doesn't. Plein and Coup run along and end where they began. Throws std::bad_alloc with the
-/// dialog gone and every row either old or new.
+/// input doesn't. Plein and Coup run along and end where they began. A row that memory can't place
+/// anew keeps what it had.
 void Sortierung_Neu(forms::Programm& programm, platform::Platform& platform);
 
 } // namespace M_Permanenz

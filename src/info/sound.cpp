@@ -43,6 +43,7 @@ constexpr std::string_view AndereEndung = "MPEGVideo";
 
 std::string Sound_Geraetetyp(std::string_view Datei, bool& IstVideo) {
     IstVideo = false;
+    Datei.remove_prefix(Datei.rfind('/') + 1); // a dot in a folder's name is none of the file's
     const std::size_t dot = Datei.rfind('.');
     if (dot == std::string_view::npos)
         return {};

@@ -68,9 +68,10 @@ bool GetKeyValue(platform::Registry& registry, std::uint32_t KeyRoot, std::strin
         KeyVal.clear();
         return false;
     }
-    const std::string_view bytes(buffer.data(), std::min(size, buffer.size()));
+    const std::string_view value(buffer.data(), std::min(size, buffer.size()));
+    const std::string_view bytes = value.substr(0, value.find('\0'));
     if (*type == static_cast<std::uint32_t>(platform::ValueType::Text))
-        KeyVal = bytes.substr(0, bytes.find('\0'));
+        KeyVal = bytes;
     else if (*type == static_cast<std::uint32_t>(platform::ValueType::Number))
         KeyVal = zahlText(bytes);
     return true;

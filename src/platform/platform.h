@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -128,6 +129,8 @@ public:
     virtual ~Processes() = default;
     /// Starts another program by its path and doesn't wait for it. False if it can't be started.
     virtual bool start(const FileName& program) = 0;
+    /// The bytes of memory that the machine can still give, as far as it tells.
+    virtual std::uint64_t memoryLeft() { return std::numeric_limits<std::uint64_t>::max(); }
     /// Ends this process as soon as the event being served has been served.
     virtual void end() = 0;
 };

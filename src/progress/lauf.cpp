@@ -12,12 +12,13 @@ bool Pace::due() const {
     return platform_.clock.now() - last_ >= TurnInterval;
 }
 
-void Pace::turn() {
+bool Pace::turn() {
     if (!due())
-        return;
+        return false;
     platform_.events.turn();
     // Counted from the end of the turn, so that slow painting can't starve the work.
     last_ = platform_.clock.now();
+    return true;
 }
 
 void Pace::paint() {

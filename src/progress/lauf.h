@@ -21,8 +21,8 @@ inline constexpr std::chrono::milliseconds TurnInterval{16};
 class Pace {
 public:
     explicit Pace(platform::Platform& platform);
-    /// A turn for all events, input included, if one is due.
-    void turn();
+    /// A turn for all events, input included, if one is due. Whether there was one.
+    bool turn();
     /// A turn for painting alone, if one is due.
     void paint();
 

@@ -8,6 +8,7 @@
 #include "files/permanenzdatei.h"
 #include "files/zufallsserie.h"
 #include "grids/auswahl.h"
+#include "grids/familientabelle.h"
 #include "grids/sortierung_neu.h"
 #include "info/sound.h"
 #include "info/systeminfo.h"
@@ -44,25 +45,39 @@ bool nimmtEingaben(const forms::MainForm& form) {
     return form.Loaded && form.Enabled && !form.InHandler;
 }
 
-/// Runs one handler of the main form to its end, if the form takes input. A shutdown asked for
-/// meanwhile follows behind it.
+/// Runs a handler to its end with the main form held: no other handler of it can start. A shutdown
+/// asked for meanwhile follows behind.
+template <class Handler>
+void festhalten(Programm& programm, Platform& platform, Handler handler) {
+    forms::MainForm& form = programm.Frm_Main;
+    {
+        struct Halt {
+            bool& held;
+            ~Halt() { held = false; }
+        } halt{form.InHandler};
+        halt.held = true;
+        handler();
+    }
+    if (std::exchange(form.CloseRequested, false))
+        herunterfahren(programm, platform);
+}
+
+/// Runs one handler of the main form, if the form takes input.
 template <class Handler>
 void bearbeiten(Programm& programm, Platform& platform, Handler handler) {
     forms::MainForm& form = programm.Frm_Main;
     if (!nimmtEingaben(form))
         return;
-    form.InHandler = true;
-    try {
-        handler();
-    } catch (const std::bad_alloc&) {
-        // The handler may have closed the form for a run that it couldn't even begin.
-        form.Enabled = true;
-        progress::Form_Unload(programm);
-        files::Meldung_Speicher(platform);
-    }
-    form.InHandler = false;
-    if (std::exchange(form.CloseRequested, false))
-        herunterfahren(programm, platform);
+    festhalten(programm, platform, [&] {
+        try {
+            handler();
+        } catch (const std::bad_alloc&) {
+            // The handler may have closed the form for a run that it couldn't even begin.
+            form.Enabled = true;
+            progress::Form_Unload(programm);
+            files::Meldung_Speicher(platform);
+        }
+    });
 }
 
 bool istMarkierungsfeld(int Index) {
@@ -158,6 +173,8 @@ void Frm_Main::M_Info_Click(Programm& programm, Platform& platform) {
 
 void Frm_Main::Check_Click(Programm& programm, Platform& platform, int Index) {
     bearbeiten(programm, platform, [&] {
+        if (Index != 0 && Index != 1)
+            return;
         int& value = programm.Frm_Main.Check[static_cast<std::size_t>(Index)].Value;
         value = value == 0 ? 1 : 0;
         if (Index == 0)
@@ -170,17 +187,13 @@ void Frm_Main::Check_Click(Programm& programm, Platform& platform, int Index) {
 void Frm_Main::xpCombo_Click(Programm& programm, Platform& platform, int ListIndex) {
     bearbeiten(programm, platform, [&] {
         forms::MainForm& form = programm.Frm_Main;
-        if (ListIndex == form.xpCombo[0].ListIndex)
+        if (ListIndex == form.xpCombo[0].ListIndex || !grids::familie(ListIndex))
             return;
         form.xpCombo[0].ListIndex = ListIndex;
         form.Enabled = false;
         Auswahl::Familie_Anwenden(programm);
-        try {
-            if (form.Coup > 0)
-                M_Permanenz::Sortierung_Neu(programm, platform);
-        } catch (const std::bad_alloc&) {
-            files::Meldung_Speicher(platform);
-        }
+        if (form.Coup > 0)
+            M_Permanenz::Sortierung_Neu(programm, platform);
         form.Enabled = true;
         ++form.FocusRequests;
     });
@@ -216,6 +229,10 @@ void Frm_Info::cmdOK_Click(Programm& programm, Platform& platform) {
     programm.Frm_Info.Visible = false;
 }
 
-void Frm_Info::cmdSysInfo_Click(Programm& /*programm*/, Platform& platform) {
-    Systeminfo::StartSysInfo(platform);
+void Frm_Info::cmdSysInfo_Click(Programm& programm, Platform& platform) {
+    // The message that may come is modal for the main form too, unless a run has it held already.
+    if (programm.Frm_Main.InHandler)
+        Systeminfo::StartSysInfo(platform);
+    else
+        festhalten(programm, platform, [&] { Systeminfo::StartSysInfo(platform); });
 }

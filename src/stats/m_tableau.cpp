@@ -13,8 +13,6 @@ namespace {
 
 using chances::NumberSet;
 
-constexpr NumberSet AllNumbers = (NumberSet{1} << chances::NumberCount) - 1;
-
 /// The numbers of `asked` that the two boxes mark.
 NumberSet markierte(const Programm& programm, NumberSet asked) {
     const forms::Tableaubild& bild = programm.Frm_Main.Tableau;
@@ -48,7 +46,7 @@ void Tableau_Aktualisieren(Programm& programm) {
     // keeps a long run with marks as quick as one without.
     NumberSet asked = programm.Chancen.geaendert;
     if (genau != bild.genau || mindestens != bild.mindestens) {
-        asked = AllNumbers;
+        asked = chances::AllNumbers;
         bild.genau = genau;
         bild.mindestens = mindestens;
         bild.genauWert = stats::Zahl_am_Anfang(genau);

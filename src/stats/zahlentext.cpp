@@ -26,6 +26,14 @@ std::size_t numberLength(std::string_view text) {
     return length;
 }
 
+template <class Whole>
+std::optional<Whole> ganzzahl(double value) {
+    const double rounded = std::nearbyint(value);
+    if (rounded < std::numeric_limits<Whole>::min() || rounded > std::numeric_limits<Whole>::max())
+        return std::nullopt;
+    return static_cast<Whole>(rounded);
+}
+
 } // namespace
 
 double Zahl_am_Anfang(std::string_view text) {
@@ -47,11 +55,11 @@ double Zahl_am_Anfang(std::string_view text) {
 }
 
 std::optional<std::int16_t> Ganzzahl16(double value) {
-    const double rounded = std::nearbyint(value);
-    if (rounded < std::numeric_limits<std::int16_t>::min()
-        || rounded > std::numeric_limits<std::int16_t>::max())
-        return std::nullopt;
-    return static_cast<std::int16_t>(rounded);
+    return ganzzahl<std::int16_t>(value);
+}
+
+std::optional<std::int32_t> Ganzzahl32(double value) {
+    return ganzzahl<std::int32_t>(value);
 }
 
 } // namespace stats

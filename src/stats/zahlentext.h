@@ -12,7 +12,9 @@ namespace stats {
 /// "2.5x" gives 2.5, ".5" gives 0.5, "inf" and "0x10" give 0. Too many digits give infinity.
 double Zahl_am_Anfang(std::string_view text);
 
-/// `value` rounded to a whole number, halves to the even neighbour; nothing beyond 16 bits signed.
+/// `value` rounded to a whole number, halves to the even neighbour; nothing beyond 16 bits signed,
+/// or 32.
 std::optional<std::int16_t> Ganzzahl16(double value);
+std::optional<std::int32_t> Ganzzahl32(double value);
 
 } // namespace stats

@@ -33,7 +33,7 @@ QString cancelText() {
 }
 
 QString titleOf(std::string_view title) {
-    return title.empty() ? QCoreApplication::applicationName() : toText(title);
+    return title.empty() ? QStringLiteral("Kestrelwood") : toText(title);
 }
 
 QString firstFolder() {

@@ -5,6 +5,7 @@
 #include "window/style.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 
 namespace window {
@@ -16,6 +17,21 @@ bool Processes::start(const platform::FileName& program) {
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached();
+}
+
+std::uint64_t Processes::memoryLeft() {
+    QFile info(QStringLiteral("/proc/meminfo"));
+    if (!info.open(QIODevice::ReadOnly))
+        return platform::Processes::memoryLeft();
+    std::uint64_t kibibytes = 0;
+    bool known = false;
+    const QList<QByteArray> lines = info.readAll().split('\n');
+    for (const QByteArray& line : lines)
+        if (line.startsWith("MemAvailable:") || line.startsWith("SwapFree:")) {
+            kibibytes += line.simplified().split(' ').value(1).toULongLong();
+            known = true;
+        }
+    return known ? kibibytes * 1024 : platform::Processes::memoryLeft();
 }
 
 void Processes::end() {

@@ -9,6 +9,8 @@ namespace window {
 class Processes final : public platform::Processes {
 public:
     bool start(const platform::FileName& program) override;
+    /// What the kernel says is available, swap included; without a word from it, no limit.
+    std::uint64_t memoryLeft() override;
     void end() override;
 };
 
