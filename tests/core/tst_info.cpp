@@ -61,7 +61,7 @@ TEST(Info, ShowingPlaysFromTheBeginningAndOkStops) {
 TEST(Info, RegistryValuesAsText) {
     support::Registry registry;
     registry.values = {{"k|text", {1, "C:\\x\0rest"s}}, {"k|whole", {1, "abc"}},
-        {"k|number", {4, "\x0A\x00\x10\xFF"s}}, {"k|zero", {4, "\0\0\0\0"s}},
+        {"k|number", {4, "\x0A\x10\x00\xFF"s}}, {"k|zero", {4, "\0\0\0\0"s}},
         {"k|long", {1, std::string(1025, 'a')}}, {"k|full", {1, std::string(1024, 'a')}},
         {"k|other", {3, "abc"}}};
     const auto read = [&](const char* key, const char* value, std::uint32_t root = 0x80000002) {
@@ -72,8 +72,8 @@ TEST(Info, RegistryValuesAsText) {
     };
     EXPECT_EQ(read("k", "text"), std::pair(true, "C:\\x"s));
     EXPECT_EQ(read("k", "whole"), std::pair(true, "abc"s));
-    EXPECT_EQ(read("k", "number"), std::pair(true, "&hFF100A"s));
-    EXPECT_EQ(read("k", "zero"), std::pair(true, "&h0000"s));
+    EXPECT_EQ(read("k", "number"), std::pair(true, "&h10A"s));
+    EXPECT_EQ(read("k", "zero"), std::pair(true, "&h"s));
     EXPECT_EQ(read("k", "full"), std::pair(true, std::string(1024, 'a')));
     EXPECT_EQ(read("k", "other"), std::pair(true, "vorher"s));
     EXPECT_EQ(read("k", "long"), std::pair(false, ""s));

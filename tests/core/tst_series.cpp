@@ -32,7 +32,7 @@ TEST(Series, KeysThatReachTheBox) {
 TEST(Series, HowMuchIsDrawn) {
     for (const auto& [text, count] : std::vector<std::pair<std::string, int>>{{"", 0}, {"0", 0},
              {"3", 3}, {"5000", 5000}, {"007", 7}, {"12abc", 12}, {"  4", 4}, {"abc", 0}, {"-5", 0},
-             {"+6", 6}, {"2.9", 2}, {"00000000000000000001", 1}}) {
+             {"+6", 0}, {"2.5", 2}, {"2.9", 3}, {".9", 0}, {"00000000000000000001", 1}}) {
         Stage stage;
         stage.click(1);
         const auto scrolls = stage.main.Grid[0].ScrollRow().count;
