@@ -62,28 +62,43 @@ unsigned number(const char* from, const char* to) {
 /// Stores in chunks, as growing costs nothing else then.
 class Store {
 public:
-    void add(int value) {
-        if (used_ == chunk_.size()) {
-            chunks_.push_back(std::make_unique_for_overwrite<Chunk>());
-            used_ = 0;
-            current_ = chunks_.back()->data();
+    explicit Store(Bare& bare) : bare_(bare) { }
+
+    void add(unsigned value) {
+        if (next_ == end_) {
+            bare_.chunks.push_back(std::make_unique_for_overwrite<std::uint8_t[]>(Bare::ChunkSize));
+            next_ = bare_.chunks.back().get();
+            end_ = next_ + Bare::ChunkSize;
         }
-        current_[used_++] = static_cast<std::uint8_t>(value);
+        *next_++ = static_cast<std::uint8_t>(value);
+    }
+
+    void finish(const std::array<std::int64_t, 37>& counts) {
+        const std::size_t room = bare_.chunks.size() * Bare::ChunkSize;
+        bare_.size = static_cast<std::int64_t>(room) - (end_ - next_);
+        bare_.counts.assign(counts.begin(), counts.end());
     }
 
 private:
-    using Chunk = std::array<std::uint8_t, 65536>;
-    static constexpr Chunk chunk_{};
-    std::vector<std::unique_ptr<Chunk>> chunks_;
-    std::uint8_t* current_ = nullptr;
-    std::size_t used_ = chunk_.size();
+    Bare& bare_;
+    std::uint8_t* next_ = nullptr;
+    std::uint8_t* end_ = nullptr;
 };
 
 } // namespace
 
-Counts bareLoad(const std::string& file) {
-    Counts counts(37);
-    Store store;
+Counts Bare::recount() const {
+    Counts found(37);
+    for (std::int64_t left = size; const Chunk& chunk : chunks)
+        for (std::size_t i = 0; i < ChunkSize && left > 0; ++i, --left)
+            ++found[chunk[i]];
+    return found;
+}
+
+Bare bareLoad(const std::string& file) {
+    Bare bare;
+    Store store(bare);
+    std::array<std::int64_t, 37> counts{};
     std::array<char, Overhang + BlockSize + Overhang> buffer{};
     char* const block = buffer.data() + Overhang;
     const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
@@ -98,7 +113,7 @@ Counts bareLoad(const std::string& file) {
             for (std::uint64_t ends = lineEnds(block + at); ends != 0; ends &= ends - 1) {
                 const char* const end = block + at + std::countr_zero(ends);
                 if (const unsigned value = number(line, end); value <= 36) {
-                    store.add(static_cast<int>(value));
+                    store.add(value);
                     ++counts[value];
                 }
                 line = end + 1;
@@ -109,26 +124,32 @@ Counts bareLoad(const std::string& file) {
         std::memcpy(block - kept, line, kept);
     }
     close(descriptor);
-    return counts;
+    store.finish(counts);
+    return bare;
 }
 
-Counts bareDraw(std::int64_t count) {
-    Counts counts(37);
-    Store store;
+Bare bareDraw(std::int64_t count) {
+    Bare bare;
+    Store store(bare);
+    std::array<std::int64_t, 37> counts{};
     std::uint64_t state = 0;
     for (std::int64_t i = 0; i < count; ++i) {
         Zufall::Saeen(state, std::chrono::steady_clock::now().time_since_epoch());
-        const int value = Zufall::Zahl(Zufall::Ziehen(state));
+        const auto value = static_cast<unsigned>(Zufall::Zahl(Zufall::Ziehen(state)));
         store.add(value);
-        ++counts[static_cast<std::size_t>(value)];
+        ++counts[value];
     }
-    return counts;
+    store.finish(counts);
+    return bare;
 }
 
 void bareResort(const std::vector<std::uint8_t>& numbers,
     const std::array<std::uint8_t, 256>& marks, std::vector<std::uint8_t>& rows) {
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        rows[i] = marks[numbers[i]];
+    // Pointers of its own, or every byte written might have moved the vectors.
+    const std::uint8_t* const from = numbers.data();
+    std::uint8_t* const to = rows.data();
+    for (std::size_t i = 0, count = numbers.size(); i < count; ++i)
+        to[i] = marks[from[i]];
 }
 
 } // namespace bench

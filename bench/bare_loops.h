@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,12 +13,25 @@ namespace bench {
 /// The counts of the 37 numbers, so that no loop can be dropped and results can be compared.
 using Counts = std::vector<std::int64_t>;
 
+/// What a bare loop made: it is kept and looked at, so that no work can be dropped.
+struct Bare {
+    static constexpr std::size_t ChunkSize = 65536;
+    using Chunk = std::unique_ptr<std::uint8_t[]>;
+
+    Counts counts = Counts(37);
+    std::vector<Chunk> chunks; ///< the numbers, one byte each
+    std::int64_t size = 0;
+
+    /// The counts as the stored bytes have them.
+    Counts recount() const;
+};
+
 /// Reads a file in blocks of 64 KiB, finds the line ends, checks each line, stores one byte per
 /// valid line and counts the numbers.
-Counts bareLoad(const std::string& file);
+Bare bareLoad(const std::string& file);
 
 /// Reads the clock, mixes it in, draws and floors `count` times; stores one byte each and counts.
-Counts bareDraw(std::int64_t count);
+Bare bareDraw(std::int64_t count);
 
 /// Writes the mark of each row's number into `rows`, one byte each.
 void bareResort(const std::vector<std::uint8_t>& numbers,

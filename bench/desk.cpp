@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// The whole program in this process, worked through its widgets.
+#include "desk.h"
+
+#include "harness.h"
+#include "window/control_names.h"
+
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace bench {
+
+namespace {
+
+using forms::plan::Name;
+
+constexpr int loadButton = 2;
+constexpr double longestWait = 60; // seconds
+constexpr int patience = 60; // milliseconds, a few frames
+constexpr int messageWatch = 1000; // milliseconds; rare enough to cost nothing
+
+template <class Widget>
+Widget& found(Widget* widget, const char* what) {
+    if (!widget) {
+        std::fprintf(stderr, "no %s in the window\n", what);
+        std::exit(2);
+    }
+    return *widget;
+}
+
+window::MainWindow* mainWindow() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* main = qobject_cast<window::MainWindow*>(widget); main && main->isVisible())
+            return main;
+    return nullptr;
+}
+
+/// Answers the next file dialog; tells the moment through `answered`.
+void answerFileDialog(const std::string& file, const std::function<void()>& answered) {
+    auto* const look = new QTimer;
+    QObject::connect(look, &QTimer::timeout, look, [=] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        look->stop();
+        look->deleteLater();
+        dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(file));
+        answered();
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    look->start(1);
+}
+
+} // namespace
+
+Desk::Desk(window::MainWindow& main)
+    : main_(main), view_(&found(main.findChild<window::GridView*>(), "grid")),
+      tableau_(&found(main.findChild<window::TableauView*>(), "tableau")) { }
+
+RunTimes Desk::load(const std::string& file) {
+    RunTimes begin;
+    answerFileDialog(file, [&] { begin = {threadSeconds(), wallSeconds()}; });
+    press(loadButton);
+    untilPainted();
+    return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
+}
+
+double Desk::load(const std::string& file, const std::function<double()>& ended) {
+    answerFileDialog(file, [] { });
+    press(loadButton);
+    return ended();
+}
+
+RunTimes Desk::draw(std::int64_t count) {
+    auto* const box = main_.findChild<QLineEdit*>(window::controlName(Name::Text, 0));
+    found(box, "count box").setText(QString::number(count));
+    const RunTimes begin{threadSeconds(), wallSeconds()};
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    QApplication::sendEvent(box, &enter);
+    untilPainted();
+    return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
+}
+
+void Desk::press(int button) {
+    const QString name = window::controlName(Name::xpButton, button);
+    found(main_.findChild<QPushButton*>(name), "button").click();
+}
+
+bool Desk::until(const std::function<bool()>& done) {
+    const double begin = wallSeconds();
+    while (!done()) {
+        if (wallSeconds() - begin > longestWait)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
+
+void Desk::settle() {
+    QEventLoop loop;
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+Counts Desk::counters() const {
+    Counts counts;
+    for (int number = 0; number < 37; ++number)
+        counts.push_back(tableau_->itemText(window::TableauView::FirstBadge + number).toLongLong());
+    return counts;
+}
+
+window::ProgressWindow* Desk::progress() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* dialog = qobject_cast<window::ProgressWindow*>(widget))
+            return dialog->isVisible() ? dialog : nullptr;
+    return nullptr;
+}
+
+void Desk::untilPainted() {
+    until([this] { return lastRowShown(); });
+    QCoreApplication::processEvents();
+}
+
+bool Desk::lastRowShown() const {
+    return main_.isEnabled() && view_->isEnabled() && view_->top() + view_->fullRows() >= rows();
+}
+
+void atDesk(QApplication& application, const std::function<void(Desk&)>& script) {
+    window::Application program("0.0.0");
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &application, [&] {
+        if (!mainWindow())
+            return;
+        look.stop();
+        Desk desk(*mainWindow());
+        desk.settle();
+        script(desk);
+        QCoreApplication::exit(0);
+    });
+    look.start(1);
+    QTimer messages;
+    QObject::connect(&messages, &QTimer::timeout, &application, [] {
+        // One that nobody expects would wait for ever.
+        if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            std::fprintf(stderr, "unexpected message: %s\n", qPrintable(box->text()));
+            std::_Exit(2);
+        }
+    });
+    messages.start(messageWatch);
+    program.run();
+}
+
+} // namespace bench

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+// Runs with the whole window alive: how long they take, whether it answers, how soon they stop.
+#include "data.h"
+#include "desk.h"
+#include "goals.h"
+#include "landing.h"
+
+#include <QAbstractEventDispatcher>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <random>
+#include <thread>
+
+namespace bench {
+
+namespace {
+
+constexpr int CancelTrials = 40;
+
+/// Looks at every turn of the event loop while it lives.
+class TurnWatch {
+public:
+    TurnWatch() : last_(wallSeconds()) {
+        connection_ = QObject::connect(QAbstractEventDispatcher::instance(),
+            &QAbstractEventDispatcher::awake, [this] { turn(); });
+    }
+    ~TurnWatch() { QObject::disconnect(connection_); }
+    TurnWatch(const TurnWatch&) = delete;
+    TurnWatch& operator=(const TurnWatch&) = delete;
+
+    double longestGap() const { return longest_; }
+    int turns() const { return turns_; }
+    /// Different places that the progress bar stood at, and whether it ever went back.
+    int steps() const { return steps_; }
+    bool wentBack() const { return wentBack_; }
+
+private:
+    void turn() {
+        const double now = wallSeconds();
+        longest_ = std::max(longest_, now - last_);
+        last_ = now;
+        ++turns_;
+        if (const auto* dialog = Desk::progress())
+            see(dialog->findChild<QProgressBar*>()->value());
+    }
+
+    void see(int value) {
+        wentBack_ = wentBack_ || value < value_;
+        steps_ += value != value_ ? 1 : 0;
+        value_ = value;
+    }
+
+    QMetaObject::Connection connection_;
+    double last_;
+    double longest_ = 0;
+    int turns_ = 0;
+    int steps_ = 0;
+    int value_ = 0;
+    bool wentBack_ = false;
+};
+
+/// Asks the window's thread something again and again, as input would, and notes the waits.
+class Questions {
+public:
+    Questions() : thread_([this] { ask(); }) { }
+    ~Questions() { end(); }
+    Questions(const Questions&) = delete;
+    Questions& operator=(const Questions&) = delete;
+
+    /// All waits, in seconds.
+    const std::vector<double>& end() {
+        stop_ = true;
+        while (thread_.joinable() && !ended_)
+            QCoreApplication::processEvents();
+        if (thread_.joinable())
+            thread_.join();
+        return waits_;
+    }
+
+private:
+    void ask() {
+        while (!stop_) {
+            const double asked = wallSeconds();
+            QMetaObject::invokeMethod(qApp, [] { }, Qt::BlockingQueuedConnection);
+            waits_.push_back(wallSeconds() - asked);
+            std::this_thread::sleep_for(std::chrono::milliseconds(3));
+        }
+        ended_ = true;
+    }
+
+    std::vector<double> waits_;
+    std::atomic<bool> stop_ = false;
+    std::atomic<bool> ended_ = false;
+    std::thread thread_;
+};
+
+void loadLive(Report& report, Desk& desk, const Data& data) {
+    std::vector<double> walls;
+    const auto ours = [&] {
+        const RunTimes times = desk.load(data.file);
+        walls.push_back(times.wall);
+        report.check(desk.counters() == data.counts, "counts in the tableau after a live load");
+        desk.press(1);
+        desk.settle();
+        return times.cpu;
+    };
+    std::vector<double> bareWalls;
+    const auto bare = [&] {
+        Bare made;
+        const double begin = wallSeconds();
+        const double time = timeOf([&] { made = bareLoad(data.file); });
+        bareWalls.push_back(wallSeconds() - begin);
+        report.check(made.counts == data.counts, "bare load");
+        return time;
+    };
+    const Comparison times = interleaved(Rounds, ours, bare);
+    const double nano = 1e9 / static_cast<double>(data.coups);
+    report.goal({"load " + shortNumber(data.coups) + ", live window", times.ratio(), "x", 5, 2,
+        text("%.2f against %.2f ns a coup; %.0f against %.0f ms on the wall", times.ours * nano,
+            times.theirs * nano, median(walls) * 1e3, median(bareWalls) * 1e3)});
+}
+
+void watchLoad(Report& report, Desk& desk, const Data& data) {
+    std::vector<double> gaps;
+    std::vector<double> waits;
+    int turns = 0;
+    for (int round = 0; round < Rounds; ++round) {
+        Questions questions;
+        const TurnWatch watch;
+        desk.load(data.file);
+        gaps.push_back(watch.longestGap() * 1e3);
+        turns += watch.turns();
+        report.check(watch.steps() >= 3 && !watch.wentBack(), "the progress bar moves on");
+        waits.push_back(largest(questions.end()) * 1e3);
+        if (round + 1 < Rounds)
+            desk.press(1);
+        desk.settle();
+    }
+    report.goal({"longest gap between turns, load " + shortNumber(data.coups), largest(gaps), "ms",
+        40, 20,
+        text("worst of %d runs, median %.1f ms; %d turns; longest wait for an answer %.1f ms",
+            Rounds, median(gaps), turns, largest(waits))});
+}
+
+/// Presses the dialog's button some time after it has come up; gives how long the run went on.
+double cancelOnce(Desk& desk, const std::string& file, std::chrono::milliseconds delay) {
+    std::atomic<bool> shown = false;
+    std::atomic<double> asked = 0;
+    const auto watch = QObject::connect(QAbstractEventDispatcher::instance(),
+        &QAbstractEventDispatcher::awake, [&] { shown = shown || Desk::progress() != nullptr; });
+    std::thread user([&] {
+        while (!shown)
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        std::this_thread::sleep_for(delay);
+        asked = wallSeconds();
+        QMetaObject::invokeMethod(
+            qApp,
+            [] {
+                if (auto* dialog = Desk::progress())
+                    dialog->findChild<QPushButton*>()->click();
+            },
+            Qt::QueuedConnection);
+    });
+    const double took = desk.load(file, [&] { return wallSeconds() - asked.load(); });
+    user.join();
+    QObject::disconnect(watch);
+    return took;
+}
+
+void cancel(Report& report, Desk& desk, const Data& data) {
+    std::mt19937 random(7);
+    std::vector<double> delays;
+    int inTime = 0;
+    for (int trial = 0; trial < CancelTrials; ++trial) {
+        const double took
+            = cancelOnce(desk, data.file, std::chrono::milliseconds(random() % 120)) * 1e3;
+        // A run that was over before the button was pressed says nothing.
+        if (desk.rows() > 0 && desk.rows() < data.coups) {
+            delays.push_back(took);
+            ++inTime;
+        }
+        desk.press(1);
+        desk.settle();
+    }
+    report.check(inTime >= CancelTrials / 2, "enough runs were cancelled in the middle");
+    if (!delays.empty())
+        report.goal({"cancel asked until stopped, load " + shortNumber(data.coups),
+            largest(delays), "ms", 50, 25,
+            text("worst of %d, median %.1f ms", inTime, median(delays))});
+}
+
+} // namespace
+
+void liveGoals(Report& report, const Extent& extent) {
+    report.section("The whole program, its window alive (" + QGuiApplication::platformName().toStdString() + ")");
+    atDesk(*qApp, [&](Desk& desk) {
+        loadLive(report, desk, dataOf(10 * Million));
+        const Data longest = dataOf(extent.longest);
+        if (extent.longest > 10 * Million)
+            loadLive(report, desk, longest);
+        cancel(report, desk, longest);
+        watchLoad(report, desk, longest);
+        landing(report, desk);
+    });
+}
+
+} // namespace bench
