@@ -20,6 +20,7 @@ constexpr int focusInset = 3; // pixels
 MarkingBox::MarkingBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : TextBoxView(session, control, parent) {
     setReadOnly(true);
+    setTextMargins(focusInset, 0, focusInset, 0); // clear of the frame around it
     setCursor(Qt::PointingHandCursor);
 }
 
