@@ -3,6 +3,7 @@
 #include "window/application.h"
 
 #include "shell/handlers.h"
+#include "window/button_accessible.h"
 #include "window/grid_accessible.h"
 #include "window/pad_accessible.h"
 #include "window/tableau_accessible.h"
@@ -33,6 +34,7 @@ Application::Application(std::string_view version)
     : platform_([this] { refresh(); }, [this] { return questionOwner(); }),
       session_{programm_, platform_.platform()} {
     programm_.Version = version;
+    QAccessible::installFactory(buttonAccessible);
     QAccessible::installFactory(padAccessible);
     QAccessible::installFactory(tableauAccessible);
     QAccessible::installFactory(gridAccessible);

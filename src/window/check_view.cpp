@@ -21,6 +21,10 @@ CheckView::CheckView(const Session& session, const forms::plan::Control& control
     setFont(fitted(font(), text(), room.width()).font);
 }
 
+bool CheckView::hitButton(const QPoint& point) const {
+    return rect().contains(point);
+}
+
 void CheckView::nextCheckState() {
     Frm_Main::Check_Click(session_.programm, session_.platform, index_);
     refresh();

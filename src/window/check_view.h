@@ -24,6 +24,8 @@ public:
     void refresh() override;
 
 protected:
+    /// The whole control, not only its text.
+    bool hitButton(const QPoint& point) const override;
     void nextCheckState() override;
 
 private:

@@ -7,6 +7,7 @@
 #include "window/control_names.h"
 #include "window/style.h"
 
+#include <QAbstractItemView>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -18,6 +19,7 @@ FamilyBox::FamilyBox(const Session& session, const forms::plan::Control& control
     : QComboBox(parent), session_(session), index_(static_cast<std::size_t>(control.index)) {
     setObjectName(controlName(control.name, control.index));
     setGeometry(toPixels(control.place));
+    view()->setAccessibleName(QStringLiteral("Sortierung"));
     connect(this, &QComboBox::activated, this, &FamilyBox::choose);
 }
 

@@ -2,7 +2,8 @@
 // Reading files without ever waiting for one, and replacing them so that no moment loses data.
 #include "window/files.h"
 
-#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
 
 #include <cerrno>
 #include <charconv>
@@ -124,6 +125,25 @@ std::string temporaryName() {
     return ".kestrelwood-" + std::string(digits.data(), end);
 }
 
+/// The pointer of a program that is at work and serves no event. There is none without a screen.
+class BusyPointer {
+public:
+    BusyPointer()
+        : shown_(qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr) {
+        if (shown_)
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() {
+        if (shown_)
+            QGuiApplication::restoreOverrideCursor();
+    }
+
+private:
+    bool shown_;
+};
+
 /// Writes to a file of its own in the target's folder and gives it the target's name at the end.
 /// Names are looked up in the open folder, so that a renamed folder does no harm.
 class SafeWriter final : public platform::Writer {
@@ -185,6 +205,7 @@ public:
     }
 
 private:
+    const BusyPointer busy_;
     /// The missing write permission counts for root as well: such a file is meant to stay.
     std::error_code replaceable(const struct stat& old) const {
         if (const std::error_code error = regular(old))

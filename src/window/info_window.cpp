@@ -5,14 +5,13 @@
 #include "forms/plan.h"
 #include "info/wasser.h"
 #include "shell/handlers.h"
-#include "window/control_names.h"
+#include "window/command_button.h"
 #include "window/fitted_label.h"
 #include "window/picture_box.h"
 #include "window/style.h"
 #include "window/water_surface.h"
 
 #include <QCloseEvent>
-#include <QPushButton>
 
 namespace window {
 
@@ -20,13 +19,6 @@ namespace plan = forms::plan;
 using plan::Name;
 
 namespace {
-
-QPushButton* makeButton(const plan::Control& control, QWidget* parent) {
-    auto* button = new QPushButton(toText(control.caption), parent);
-    button->setObjectName(controlName(control.name, control.index));
-    button->setGeometry(toPixels(control.place));
-    return button;
-}
 
 void makeDivider(const plan::Line& line, QWidget* parent) {
     auto* divider = new QWidget(parent);
@@ -71,14 +63,14 @@ QWidget* InfoWindow::build(const plan::Control& control) {
         return surface;
     }
     case Name::cmdOK: {
-        QPushButton* button = makeButton(control, this);
+        auto* button = new CommandButton(control, this);
         button->setDefault(true);
-        connect(button, &QPushButton::clicked, this, &InfoWindow::reject);
+        connect(button, &CommandButton::clicked, this, &InfoWindow::reject);
         return button;
     }
     case Name::cmdSysInfo: {
-        QPushButton* button = makeButton(control, this);
-        connect(button, &QPushButton::clicked, this,
+        auto* button = new CommandButton(control, this);
+        connect(button, &CommandButton::clicked, this,
             [this] { Frm_Info::cmdSysInfo_Click(session_.programm, session_.platform); });
         return button;
     }

@@ -5,6 +5,7 @@
 #include "shell/handlers.h"
 #include "stats/m_chancen.h"
 #include "window/check_view.h"
+#include "window/command_button.h"
 #include "window/control_names.h"
 #include "window/count_box.h"
 #include "window/family_box.h"
@@ -21,7 +22,6 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
@@ -76,9 +76,13 @@ constexpr std::array spokenNames{
     Spoken{Name::Text, 2, "Pleins Markieren die mind. … mal gefallen sind"},
     Spoken{Name::xpCombo, 0, "Sortierung"},
 };
-constexpr std::array spokenDescriptions{
-    Spoken{Name::xpButton, 0, "Nimmt den letzten Coup zurück."},
+/// What a control does, for tool tips and screen readers, where it has no tool tip of its own.
+constexpr std::array explanations{
+    Spoken{Name::xpButton, 2, "Hängt die Coups einer Datei an die Permanenz an (Strg+O)."},
+    Spoken{Name::xpButton, 0, "Nimmt den letzten Coup zurück (Strg+Z)."},
     Spoken{Name::xpButton, 1, "Löscht die ganze Permanenz."},
+    Spoken{Name::xpButton, 3, "Schreibt die Permanenz in eine Datei (Strg+S)."},
+    Spoken{Name::Check, 0, "Zeigt die Kürzel der Chancen statt der Zahlen."},
     Spoken{Name::xpButton, 4, "Löscht die Markierung der genau so oft gefallenen Pleins."},
     Spoken{Name::xpButton, 5, "Löscht die Markierung der mindestens so oft gefallenen Pleins."},
     Spoken{Name::xpCombo, 0, "Chancen, nach denen die Permanenz sortiert ist."},
@@ -172,7 +176,9 @@ void MainWindow::buildPanel(const plan::Control& panel, Controls controls, QWidg
         const QString name = spoken(spokenNames, control);
         if (!name.isEmpty())
             widget->setAccessibleName(name);
-        widget->setAccessibleDescription(spoken(spokenDescriptions, control));
+        const QString explanation = spoken(explanations, control);
+        if (!explanation.isEmpty())
+            widget->setToolTip(explanation);
         if (auto* view = dynamic_cast<View*>(widget))
             views_.push_back(view);
     }
@@ -219,16 +225,14 @@ QWidget* MainWindow::buildTextBox(const plan::Control& control, QWidget* panel) 
 }
 
 QWidget* MainWindow::buildButton(const plan::Control& control, QWidget* panel) {
-    auto* button = new QPushButton(toText(control.caption), panel);
-    button->setObjectName(controlName(control.name, control.index));
-    button->setGeometry(toPixels(control.place));
+    auto* button = new CommandButton(control, panel);
     if (control.index == resetButton) {
         // Its letter is the undo button's. With two owners the key would press neither, and the
         // one that can't be taken back must not be the lucky one.
         button->setText(button->text().remove(u'&'));
         button->setShortcut({});
     }
-    connect(button, &QPushButton::clicked, this, [this, index = control.index] {
+    connect(button, &CommandButton::clicked, this, [this, index = control.index] {
         Frm_Main::xpButton_Click(session_.programm, session_.platform, index);
     });
     return button;

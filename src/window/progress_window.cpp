@@ -5,13 +5,13 @@
 #include "forms/plan.h"
 #include "progress/lauf.h"
 #include "shell/handlers.h"
+#include "window/command_button.h"
 #include "window/control_names.h"
 #include "window/fitted_label.h"
 #include "window/style.h"
 
 #include <QCloseEvent>
 #include <QProgressBar>
-#include <QPushButton>
 
 #include <algorithm>
 
@@ -49,11 +49,9 @@ ProgressWindow::ProgressWindow(const Session& session, QWidget* owner)
     bar_->setRange(0, barSteps);
     bar_->setTextVisible(false);
     bar_->setAccessibleName(QStringLiteral("Fortschritt"));
-    button_ = new QPushButton(toText(button.caption), this);
-    button_->setObjectName(controlName(button.name, button.index));
-    button_->setGeometry(toPixels(button.place));
+    button_ = new CommandButton(button, this);
     button_->setAutoDefault(false); // the Enter that started the run must not end it
-    connect(button_, &QPushButton::clicked, this,
+    connect(button_, &CommandButton::clicked, this,
         [this] { Frm_Progressbar::xpButton_Click(session_.programm); });
     refresh();
 }

@@ -7,10 +7,10 @@
 #include <QDialog>
 
 class QProgressBar;
-class QPushButton;
 
 namespace window {
 
+class CommandButton;
 class FittedLabel;
 
 /// Frm_Progressbar: status line, bar, and the button that cancels the run; Esc and closing the
@@ -32,7 +32,7 @@ private:
     Session session_;
     FittedLabel* status_ = nullptr;
     QProgressBar* bar_ = nullptr;
-    QPushButton* button_ = nullptr;
+    CommandButton* button_ = nullptr;
 };
 
 } // namespace window
