@@ -83,18 +83,4 @@ TEST(Grid, UnusedPatternsAreSweptAndTheirNumbersUsedAgain) {
     EXPECT_EQ(grid.Ids().capacity(), 255U) << "100 different rows fit one byte each";
 }
 
-TEST(Grid, ATextReadFromOneGridStaysValidWhileItIsWrittenToAnother) {
-    Grid from;
-    from.AddRow("1");
-    from.Row(1).Cell(2, "ein Text, der nicht in eine kurze Zeichenkette passt");
-    const std::string read = from.Row(1).Cell(2);
-    const std::string_view seen = from.Pattern(from.PatternOf(1)).Cell(2);
-    Grid to;
-    to.AddRow("1");
-    for (int column = 3; column < 300; ++column)
-        to.Row(1).Cell(column, seen);
-    from.Row(1).Cell(2, from.Row(1).Cell(2));
-    EXPECT_EQ(to.Row(1).Cell(299), read);
-}
-
 } // namespace

@@ -106,7 +106,6 @@ TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
         stage.draw("9000");
         const auto numbers = support::numbers(stage.programm);
         const auto [coup, plein] = std::pair(stage.main.Coup, stage.main.Plein);
-        const auto before = support::state(stage.programm);
         stage.events = {};
         std::vector<std::string> shown;
         stage.events.onPaint = [&] {
@@ -129,9 +128,6 @@ TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
         if (byFamily)
             stage.family(2); // the same entry again
         EXPECT_EQ(stage.events.paints, paints);
-        byFamily ? stage.family(0) : stage.check(0);
-        stage.main.FocusRequests = 1;
-        EXPECT_EQ(support::difference(support::state(stage.programm), before), "");
     }
     Stage empty;
     empty.family(6);
