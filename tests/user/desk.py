@@ -128,9 +128,10 @@ class Screen:
             spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately",
                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             os.environ["AT_SPI_LAUNCHER"] = "started"
-            wait(lambda: "unix:" in run("dbus-send", "--session", "--print-reply",
-                                        "--dest=org.a11y.Bus", "/org/a11y/bus",
-                                        "org.a11y.Bus.GetAddress"), "the accessibility bus")
+            wait(lambda: "true" in run("dbus-send", "--session", "--print-reply",
+                                       "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                       "org.freedesktop.DBus.NameHasOwner", "string:org.a11y.Bus"),
+                 "the accessibility bus")
 
 
 def run(*command):
