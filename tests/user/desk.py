@@ -22,9 +22,9 @@ _checks = 0
 
 
 def program_from_arguments():
-    """The program file: the first argument that is a file, or else the release build."""
+    """The program file: the first argument that can be run, or else the release build."""
     for argument in sys.argv[1:]:
-        if os.path.isfile(argument):
+        if os.path.isfile(argument) and os.access(argument, os.X_OK):
             return os.path.abspath(argument)
     return os.path.join(ROOT, "build", "release", "kestrelwood")
 
@@ -79,6 +79,7 @@ def wait(condition, what, patience=PATIENCE):
         except vanished():
             value = None
         if value:
+            check(True, what)
             return value
         if time.monotonic() > end:
             check(False, "waited in vain: " + what)
@@ -278,7 +279,7 @@ def keys(*names, times=1):
 
 
 def type_text(text):
-    subprocess.run(["xdotool", "type", "--delay", "12", text], check=True)
+    subprocess.run(["xdotool", "type", "--delay", "12", "--", text], check=True)
 
 
 def picture(rect=None):

@@ -373,4 +373,5 @@ def main():
     desk.finish()
 
 
-main()
+if __name__ == "__main__":
+    main()
