@@ -118,6 +118,7 @@ QFont toFont(const forms::plan::Font& font) {
     QFont result;
     result.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"),
         QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
+    result.setStyleHint(QFont::SansSerif); // where none of them is installed
     // 72 points and 96 pixels to the inch.
     result.setPixelSize((font.size * 96 + 3600) / 7200);
     result.setBold(font.bold);
