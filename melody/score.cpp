@@ -39,7 +39,7 @@ private:
     void addTempo(Tempo tempo);
     void readBar(std::string_view line);
     void readCell(std::string_view cell, Draft& draft);
-    void addNote(BarNote note, Draft& draft) const;
+    static void addNote(BarNote note, Draft& draft);
     double loudnessAt(int tick) const;
     Note finished(const BarNote& note, int key, const Voice& voice) const;
     void finish();
@@ -148,7 +148,7 @@ void Parser::readVoice(const std::vector<std::string_view>& words) {
     for (std::size_t i = 2; i < words.size(); ++i) {
         const std::size_t equals = words[i].find('=');
         const std::string_view name = words[i].substr(0, equals);
-        const auto field = std::find_if(std::begin(fields), std::end(fields),
+        auto* const field = std::find_if(std::begin(fields), std::end(fields),
             [name](const Field& f) { return f.name == name; });
         require(equals != std::string_view::npos && field != std::end(fields),
             "unbekannte Angabe „" + std::string(words[i]) + "“");
@@ -231,7 +231,7 @@ void Parser::readCell(std::string_view cell, Draft& draft) {
 }
 
 /// Appends the note, or lengthens the one before if that is tied to it.
-void Parser::addNote(BarNote note, Draft& draft) const {
+void Parser::addNote(BarNote note, Draft& draft) {
     if (draft.notes.empty() || !draft.notes.back().tied) {
         draft.notes.push_back(std::move(note));
         return;
