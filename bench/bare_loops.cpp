@@ -4,12 +4,13 @@
 
 #include "files/zufall.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <chrono>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 
 #if defined(__SSE2__)
@@ -43,20 +44,50 @@ std::uint64_t lineEnds(const char* text) {
 #endif
 }
 
-/// The number of a line without its LF, or 37 and more: one digit or two, perhaps a blank on either
-/// side, perhaps a CR at the end. Without branches, for the digits can't be foreseen.
-unsigned number(const char* from, const char* to) {
-    std::uint64_t rest = 0;
-    std::memcpy(&rest, from, sizeof rest);
-    rest &= (std::uint64_t{1} << (8 * (to - from) & 63)) - 1;
-    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    const auto first = static_cast<unsigned>(rest & 0xFF) - '0';
-    const auto second = static_cast<unsigned>(rest >> 8 & 0xFF) - '0';
-    const bool two = second <= 9;
-    rest >>= two ? 16 : 8;
-    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    const bool wrong = (first > 9) | ((rest != 0) & (rest != '\r')) | (to - from >= 8);
-    return wrong ? 37 : (two ? 10 * first + second : first);
+/// Digits by their characters; what is none makes any sum with it too large for a number.
+struct Digits {
+    static constexpr std::uint8_t None = 100;
+
+    std::array<std::uint8_t, 256> ones{};
+    std::array<std::array<std::uint8_t, 256>, 2> tens{}; ///< of a line with one digit, with two
+
+    constexpr Digits() {
+        ones.fill(None);
+        tens[0].fill(None);
+        tens[1].fill(None);
+        tens[0][' '] = 0;
+        for (std::uint8_t digit = 0; digit <= 9; ++digit) {
+            ones[static_cast<std::size_t>('0' + digit)] = digit;
+            tens[1][static_cast<std::size_t>('0' + digit)] = static_cast<std::uint8_t>(10 * digit);
+        }
+    }
+};
+constexpr Digits digits;
+
+/// The number of any line up to 7 letters long, or 37 and more.
+unsigned anyNumber(const char* from, std::ptrdiff_t length) {
+    std::array<char, 8> line{};
+    std::copy_n(from, std::min<std::ptrdiff_t>(length, 7), line.begin());
+    unsigned value = 0;
+    int used = 0;
+    return length <= 7 && std::sscanf(line.data(), " %2u %n", &value, &used) == 1 && used == length
+        ? value
+        : 37;
+}
+
+/// The number of a line without its LF: a blank, one digit or two, a blank, a CR. Without
+/// branches, for the digits can't be foreseen. Any other line goes the long way.
+unsigned number(const char* from, std::ptrdiff_t length) {
+    const unsigned two = length == 5;
+    std::uint64_t line = 0;
+    std::memcpy(&line, from, sizeof line);
+    line <<= 8 * (5 - length) & 63; // so that the second digit stands at the same place in both
+    constexpr std::uint64_t fixed = 0xFFFF0000FF;
+    constexpr std::uint64_t behind = std::uint64_t{'\r'} << 32 | std::uint64_t{' '} << 24;
+    const std::uint64_t expected = behind | (two ? ' ' : 0);
+    if ((line & fixed) != expected || (length != 5 && length != 4))
+        return anyNumber(from, length);
+    return unsigned{digits.tens[two][line >> 8 & 0xFF]} + digits.ones[line >> 16 & 0xFF];
 }
 
 /// Stores in chunks, as growing costs nothing else then.
@@ -64,22 +95,30 @@ class Store {
 public:
     explicit Store(Bare& bare) : bare_(bare) { }
 
-    void add(unsigned value) {
-        if (next_ == end_) {
-            bare_.chunks.push_back(std::make_unique_for_overwrite<std::uint8_t[]>(Bare::ChunkSize));
-            next_ = bare_.chunks.back().get();
-            end_ = next_ + Bare::ChunkSize;
-        }
-        *next_++ = static_cast<std::uint8_t>(value);
+    /// Makes sure that so many numbers can be added.
+    void room(std::ptrdiff_t count) {
+        if (end_ - next_ >= count)
+            return;
+        finishChunk();
+        bare_.chunks.push_back({std::make_unique_for_overwrite<std::uint8_t[]>(ChunkSize), 0});
+        next_ = bare_.chunks.back().numbers.get();
+        end_ = next_ + ChunkSize;
     }
+    void add(unsigned value) { *next_++ = static_cast<std::uint8_t>(value); }
 
     void finish(const std::array<std::int64_t, 37>& counts) {
-        const std::size_t room = bare_.chunks.size() * Bare::ChunkSize;
-        bare_.size = static_cast<std::int64_t>(room) - (end_ - next_);
+        finishChunk();
         bare_.counts.assign(counts.begin(), counts.end());
     }
 
 private:
+    static constexpr std::size_t ChunkSize = 65536;
+
+    void finishChunk() {
+        if (!bare_.chunks.empty())
+            bare_.chunks.back().size = ChunkSize - static_cast<std::size_t>(end_ - next_);
+    }
+
     Bare& bare_;
     std::uint8_t* next_ = nullptr;
     std::uint8_t* end_ = nullptr;
@@ -87,11 +126,17 @@ private:
 
 } // namespace
 
+std::vector<std::uint8_t> Bare::numbers() const {
+    std::vector<std::uint8_t> all;
+    for (const Chunk& chunk : chunks)
+        all.insert(all.end(), chunk.numbers.get(), chunk.numbers.get() + chunk.size);
+    return all;
+}
+
 Counts Bare::recount() const {
     Counts found(37);
-    for (std::int64_t left = size; const Chunk& chunk : chunks)
-        for (std::size_t i = 0; i < ChunkSize && left > 0; ++i, --left)
-            ++found[chunk[i]];
+    for (const std::uint8_t number : numbers())
+        ++found[number];
     return found;
 }
 
@@ -109,15 +154,17 @@ Bare bareLoad(const std::string& file) {
             break;
         std::memset(block + got, 0, Overhang);
         const char* line = block - kept;
-        for (ssize_t at = 0; at < got; at += 64)
+        for (ssize_t at = 0; at < got; at += 64) {
+            store.room(64);
             for (std::uint64_t ends = lineEnds(block + at); ends != 0; ends &= ends - 1) {
                 const char* const end = block + at + std::countr_zero(ends);
-                if (const unsigned value = number(line, end); value <= 36) {
+                if (const unsigned value = number(line, end - line); value <= 36) {
                     store.add(value);
                     ++counts[value];
                 }
                 line = end + 1;
             }
+        }
         kept = static_cast<std::size_t>(block + got - line);
         if (kept > Overhang)
             kept = 0; // no line of a permanence is that long
@@ -134,6 +181,7 @@ Bare bareDraw(std::int64_t count) {
     std::array<std::int64_t, 37> counts{};
     std::uint64_t state = 0;
     for (std::int64_t i = 0; i < count; ++i) {
+        store.room(1);
         Zufall::Saeen(state, std::chrono::steady_clock::now().time_since_epoch());
         const auto value = static_cast<unsigned>(Zufall::Zahl(Zufall::Ziehen(state)));
         store.add(value);

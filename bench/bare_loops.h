@@ -15,13 +15,16 @@ using Counts = std::vector<std::int64_t>;
 
 /// What a bare loop made: it is kept and looked at, so that no work can be dropped.
 struct Bare {
-    static constexpr std::size_t ChunkSize = 65536;
-    using Chunk = std::unique_ptr<std::uint8_t[]>;
+    struct Chunk {
+        std::unique_ptr<std::uint8_t[]> numbers;
+        std::size_t size = 0;
+    };
 
     Counts counts = Counts(37);
-    std::vector<Chunk> chunks; ///< the numbers, one byte each
-    std::int64_t size = 0;
+    std::vector<Chunk> chunks;
 
+    /// The stored bytes one after the other.
+    std::vector<std::uint8_t> numbers() const;
     /// The counts as the stored bytes have them.
     Counts recount() const;
 };

@@ -50,7 +50,9 @@ void draw(Report& report, std::int64_t coups) {
     const auto bare = [&] {
         Bare made;
         const double time = timeOf([&] { made = bareDraw(coups); });
-        report.check(made.size == coups && made.counts == made.recount(), "bare draw");
+        report.check(made.numbers().size() == static_cast<std::size_t>(coups)
+                && made.counts == made.recount(),
+            "bare draw");
         return time;
     };
     const Comparison times = interleaved(Rounds, ours, bare);
@@ -84,12 +86,7 @@ void resort(Report& report, std::int64_t coups) {
     const Data data = dataOf(coups);
     const auto stage = std::make_unique<Stage>();
     stage->load(data.file);
-    std::vector<std::uint8_t> numbers;
-    numbers.reserve(static_cast<std::size_t>(coups));
-    const Bare made = bareLoad(data.file);
-    for (std::int64_t i = 0; i < made.size; ++i)
-        numbers.push_back(made.chunks[static_cast<std::size_t>(i) / Bare::ChunkSize]
-                [static_cast<std::size_t>(i) % Bare::ChunkSize]);
+    const std::vector<std::uint8_t> numbers = bareLoad(data.file).numbers();
     std::vector<std::uint8_t> rows(numbers.size());
     int round = 0;
     const auto ours = [&] {
@@ -106,8 +103,8 @@ void resort(Report& report, std::int64_t coups) {
         std::int64_t expected = 0;
         for (std::size_t z = 0; z < data.counts.size(); ++z)
             expected += data.counts[z] * marks[z];
-        report.check(std::accumulate(rows.begin(), rows.end(), std::int64_t{0}) == expected,
-            "bare re-sort");
+        report.check(
+            std::accumulate(rows.begin(), rows.end(), std::int64_t{0}) == expected, "bare re-sort");
         return time;
     };
     const Comparison times = interleaved(Rounds, ours, bare);

@@ -48,11 +48,12 @@ void answerFileDialog(const std::string& file, const std::function<void()>& answ
     auto* const look = new QTimer;
     QObject::connect(look, &QTimer::timeout, look, [=] {
         auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
+        auto* const line = dialog ? dialog->findChild<QLineEdit*>() : nullptr;
+        if (!line || !line->hasFocus())
+            return; // it would take a name for one of its own choosing
         look->stop();
         look->deleteLater();
-        dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(file));
+        line->setText(QString::fromStdString(file));
         answered();
         static_cast<QDialog*>(dialog)->accept();
     });
@@ -65,16 +66,19 @@ Desk::Desk(window::MainWindow& main)
     : main_(main), view_(&found(main.findChild<window::GridView*>(), "grid")),
       tableau_(&found(main.findChild<window::TableauView*>(), "tableau")) { }
 
-RunTimes Desk::load(const std::string& file) {
+RunTimes Desk::load(const std::string& file, const std::function<void()>& answered) {
     RunTimes begin;
-    answerFileDialog(file, [&] { begin = {threadSeconds(), wallSeconds()}; });
+    answerFileDialog(file, [&] {
+        answered();
+        begin = {threadSeconds(), wallSeconds()};
+    });
     press(loadButton);
     untilPainted();
     return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
 }
 
-double Desk::load(const std::string& file, const std::function<double()>& ended) {
-    answerFileDialog(file, [] { });
+double Desk::loadInPart(const std::string& file, const std::function<double()>& ended) {
+    answerFileDialog(file, [] {});
     press(loadButton);
     return ended();
 }

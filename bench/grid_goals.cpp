@@ -40,8 +40,7 @@ std::unique_ptr<QTableView> tableView(TableModel& model, const GridStage& like) 
 }
 
 void againstTableView(Report& report, GridStage& grid) {
-    TableModel model(grid.stage.view(),
-        static_cast<int>(grid.view->shownColumns().columns.size()));
+    TableModel model(grid.stage.view(), static_cast<int>(grid.view->shownColumns().columns.size()));
     const auto table = tableView(model, grid);
     grid.view->scrollTo(grid.stage.view().RowCount());
     QCoreApplication::processEvents();
@@ -66,8 +65,8 @@ void compare(Report& report, const Action& action, GridStage& large, GridStage& 
             QCoreApplication::processEvents();
         });
     };
-    const Comparison times
-        = interleaved(Frames, [&] { return frame(large); }, [&] { return frame(small); });
+    const Comparison times = interleaved(
+        Frames, [&] { return frame(large); }, [&] { return frame(small); });
     report.goal({std::string(action.name) + ", 10 M rows / 100 k", times.ratio(), "x", 1.2, 1.05,
         text("%.3f against %.3f ms", times.ours * 1e3, times.theirs * 1e3)});
 }
@@ -87,7 +86,8 @@ void gridGoals(Report& report) {
                 const auto rows = static_cast<std::uint64_t>(grid.stage.view().RowCount());
                 grid.view->scrollTo(static_cast<std::int64_t>(random() % rows));
             }},
-        Action{"scroll one row", [](GridStage& grid) { grid.view->scrollTo(grid.view->top() + 1); }},
+        Action{
+            "scroll one row", [](GridStage& grid) { grid.view->scrollTo(grid.view->top() + 1); }},
         Action{"append and follow", [](GridStage& grid) { grid.append(); }},
         Action{"undo", [](GridStage& grid) { grid.undo(); }},
     };

@@ -28,8 +28,8 @@ struct Line {
     double scroll = 0;
 };
 
-double perCoup(std::int64_t coups, const std::function<void()>& prepare,
-    const std::function<void()>& work) {
+double perCoup(
+    std::int64_t coups, const std::function<void()>& prepare, const std::function<void()>& work) {
     std::vector<double> times;
     for (int round = 0; round < Rounds; ++round) {
         prepare();
@@ -58,8 +58,10 @@ void runs(Report& report, Line& line) {
     line.load = perCoup(line.coups, reset, [&] { stage.load(data.file); });
     report.check(stage.counters() == data.counts, "counters at " + shortNumber(line.coups));
     int entry = 0;
-    line.resort = perCoup(line.coups, [] { }, [&] { stage.family(entry = 6 - entry); });
-    line.save = perCoup(line.coups, [] { }, [&] { stage.save(saved); });
+    line.resort = perCoup(
+        line.coups, [] {}, [&] { stage.family(entry = 6 - entry); });
+    line.save = perCoup(
+        line.coups, [] {}, [&] { stage.save(saved); });
     report.check(std::filesystem::file_size(saved) == std::filesystem::file_size(data.file)
             && bareLoad(saved).counts == data.counts,
         "saved file of " + shortNumber(line.coups));

@@ -7,7 +7,7 @@ program=$1
 coups=$2
 notes=$(mktemp)
 trap 'rm -f "$notes"' EXIT
-for source in click undo load draw resort; do
+for source in click undo load bare-load draw bare-draw resort bare-resort; do
     valgrind --tool=callgrind --callgrind-out-file=/dev/null --collect-atstart=no \
         --toggle-collect='bench::(anonymous namespace)::measured*' \
         "$program" --einmal "$source" "$coups" >/dev/null 2>"$notes" || {
@@ -15,5 +15,5 @@ for source in click undo load draw resort; do
         exit 1
     }
     awk -v source="$source" -v coups="$coups" \
-        '/Collected/ { printf "%-8s %10.1f instructions a coup\n", source, $NF / coups }' "$notes"
+        '/Collected/ { printf "%-12s %10.1f instructions a coup\n", source, $NF / coups }' "$notes"
 done

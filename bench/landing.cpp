@@ -42,8 +42,8 @@ public:
         const int top = groove.top() + static_cast<int>(part * way);
         mouse(QEvent::MouseButtonPress, from, Qt::LeftButton);
         mouse(QEvent::MouseMove, {from.x(), top + from.y() - handle.top()}, Qt::NoButton);
-        mouse(QEvent::MouseButtonRelease, {from.x(), top + from.y() - handle.top()},
-            Qt::LeftButton);
+        mouse(
+            QEvent::MouseButtonRelease, {from.x(), top + from.y() - handle.top()}, Qt::LeftButton);
     }
 
 private:
@@ -114,8 +114,8 @@ void scrollBar(Report& report, window::GridView& view, std::int64_t rows) {
         const auto wanted = static_cast<std::int64_t>(part * static_cast<double>(last));
         // A pixel of the bar stands for this many rows.
         const std::int64_t pixel = last / 400;
-        report.check(part == 0 || part == 1 ? view.top() == wanted
-                                            : std::abs(view.top() - wanted) <= pixel,
+        report.check(
+            part == 0 || part == 1 ? view.top() == wanted : std::abs(view.top() - wanted) <= pixel,
             text("the handle at %.2f of its way shows row %lld of %lld", part,
                 static_cast<long long>(view.top()), static_cast<long long>(rows)));
     }

@@ -81,9 +81,10 @@ int main(int argc, char* argv[]) {
         return bench::timeStart(application);
     if (mode.empty() || mode == "--kurz" || mode == "--teil")
         return measure(mode == "--kurz", mode == "--teil" ? argument : "");
-    std::fprintf(stderr, "usage: kestrelwood_bench [--kurz]\n"
-                         "       kestrelwood_bench --teil logik|gitter|fenster|speicher|start|"
-                         "wachstum|andere\n"
-                         "       kestrelwood_bench --einmal click|undo|load|draw|resort COUNT\n");
+    std::fprintf(stderr,
+        "usage: kestrelwood_bench [--kurz]\n"
+        "       kestrelwood_bench --teil logik|gitter|fenster|speicher|start|"
+        "wachstum|andere\n"
+        "       kestrelwood_bench --einmal click|undo|load|draw|resort COUNT\n");
     return 2;
 }

@@ -32,7 +32,8 @@ Memory memoryAt(Report& report, std::int64_t coups) {
     const Data data = dataOf(coups);
     for (int round = 0; round < Rounds; ++round) {
         const Outcome outcome = runSelf({"--laden", data.file});
-        report.check(outcome.good && valueOf(outcome, "seventeen") == static_cast<double>(data.counts[17]),
+        report.check(
+            outcome.good && valueOf(outcome, "seventeen") == static_cast<double>(data.counts[17]),
             "the program loads " + data.file);
         resident.push_back(valueOf(outcome, "resident"));
         peak.push_back(valueOf(outcome, "peak"));
@@ -63,8 +64,8 @@ void memoryGoals(Report& report, const Extent& extent) {
     constexpr double more = 9.0 * Million;
     const auto detail
         = text("%.1f MiB at 1 M, %.1f MiB at 10 M", one.resident / 0x1p20, ten.resident / 0x1p20);
-    report.goal({"resident bytes per coup, 1 M to 10 M",
-        (ten.resident - one.resident) / more, "bytes", 8, 3, detail});
+    report.goal({"resident bytes per coup, 1 M to 10 M", (ten.resident - one.resident) / more,
+        "bytes", 8, 3, detail});
     report.goal({"peak bytes per coup, 1 M to 10 M", (ten.peak - one.peak) / more, "bytes", 8, 3,
         text("%.1f MiB at 1 M, %.1f MiB at 10 M", one.peak / 0x1p20, ten.peak / 0x1p20)});
     if (extent.longest < 10 * Million)
@@ -80,7 +81,8 @@ int loadOnce(QApplication& application, const std::string& file) {
         const RunTimes times = desk.load(file);
         desk.settle();
         const Counts counts = desk.counters();
-        code = std::accumulate(counts.begin(), counts.end(), std::int64_t{0}) == desk.rows() ? 0 : 1;
+        code
+            = std::accumulate(counts.begin(), counts.end(), std::int64_t{0}) == desk.rows() ? 0 : 1;
         std::printf("rows=%lld seventeen=%lld resident=%.0f peak=%.0f cpu=%f wall=%f\n",
             static_cast<long long>(desk.rows()), static_cast<long long>(counts[17]),
             ownMemory("VmRSS"), ownMemory("VmHWM"), times.cpu, times.wall);

@@ -36,8 +36,8 @@ std::vector<std::string> sqlite(const std::string& file) {
 
 /// A sheet opens the file and saves it again; counting would come on top.
 std::vector<std::string> calc(const std::string& file) {
-    return {"soffice", "--headless", "--convert-to", "ods", "--infilter=CSV:44,34,76,1",
-        "--outdir", file + ".calc", file};
+    return {"soffice", "--headless", "--convert-to", "ods", "--infilter=CSV:44,34,76,1", "--outdir",
+        file + ".calc", file};
 }
 
 std::vector<Peer> allPeers() {
@@ -81,8 +81,8 @@ void compare(Report& report, const Peer& peer, const Data& data) {
             return outcome.cpu;
         });
     report.line(text("%-18s %7s  %8.3f s %8.1f MiB   ours %6.3f s %6.1f MiB   ratio %7.4f",
-        peer.name.c_str(), shortNumber(data.coups).c_str(), times.theirs, median(peaks),
-        times.ours, median(ownPeaks), times.ratio()));
+        peer.name.c_str(), shortNumber(data.coups).c_str(), times.theirs, median(peaks), times.ours,
+        median(ownPeaks), times.ratio()));
 }
 
 } // namespace

@@ -107,8 +107,7 @@ private:
     NoMedia media_;
     NoRegistry registry_;
     NoProcesses processes_;
-    platform::Platform platform_{
-        events_, dialogs_, files_, clock_, media_, registry_, processes_};
+    platform::Platform platform_{events_, dialogs_, files_, clock_, media_, registry_, processes_};
 };
 
 } // namespace bench
