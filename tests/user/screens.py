@@ -11,7 +11,6 @@ Usage: screens.py look PICTURE [program file] [coups]   the main window with cou
 import os
 import re
 import sys
-import tempfile
 
 import desk
 import reader
@@ -110,10 +109,11 @@ def crisp():
 
 def small():
     """Everything is reached by Tab and is in view then."""
-    with tempfile.NamedTemporaryFile("w", suffix=".xml", delete=False) as file:
+    settings = os.path.join(os.environ["HOME"], "manager.xml")
+    with open(settings, "w", encoding="utf-8") as file:
         file.write('<?xml version="1.0"?><openbox_config xmlns="http://openbox.org/3.4/rc"><margins>'
                    f"<bottom>{PANEL}</bottom></margins></openbox_config>")
-    program = start("1366x768", ("openbox", "--sm-disable", "--config-file", file.name))
+    program = start("1366x768", ("openbox", "--sm-disable", "--config-file", settings))
     right, bottom = 1366, 768 - PANEL
     frame = program.rect(program.main)
     check(frame[0] >= 0 and frame[1] >= 0 and frame[0] + frame[2] <= right
