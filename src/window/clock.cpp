@@ -8,8 +8,8 @@ namespace window {
 
 namespace {
 
-constexpr std::int64_t SecondsPerDay = 24 * 60 * 60;
-constexpr std::int64_t SecondsPerQuarterHour = 15 * 60;
+constexpr std::int64_t SecondsPerDay = std::int64_t{24} * 60 * 60;
+constexpr std::int64_t SecondsPerQuarterHour = std::int64_t{15} * 60;
 constexpr double SecondsPerNanosecond = 1e-9;
 
 } // namespace

@@ -41,12 +41,31 @@ bool CountBox::passes(QChar typed) const {
 
 void CountBox::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (held_.repeats(*event))
+            return;
         passes(QChar(enter));
+        // What was typed is done with. The undo key means the coups from here on.
+        setText(text());
         return;
     }
     if (typesCharacter(*event) && !passes(event->text().front()))
         return;
     QLineEdit::keyPressEvent(event);
+}
+
+void CountBox::keyReleaseEvent(QKeyEvent* event) {
+    held_.released(*event);
+    QLineEdit::keyReleaseEvent(event);
+}
+
+bool CountBox::event(QEvent* event) {
+    // With no typing to take back, the key takes back a coup as it does everywhere else.
+    if (event->type() == QEvent::ShortcutOverride && !isUndoAvailable()
+        && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        event->ignore();
+        return false;
+    }
+    return TextBoxView::event(event);
 }
 
 void CountBox::inputMethodEvent(QInputMethodEvent* event) {

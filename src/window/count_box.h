@@ -2,6 +2,7 @@
 // The box for the number of random coups.
 #pragma once
 
+#include "window/held_key.h"
 #include "window/text_box_view.h"
 
 namespace window {
@@ -15,11 +16,15 @@ public:
     CountBox(const Session& session, const forms::plan::Control& control, QWidget* parent);
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
     bool passes(QChar typed) const;
+
+    HeldKey held_;
 };
 
 } // namespace window

@@ -32,6 +32,8 @@ QString cancelText() {
     return QStringLiteral("Abbrechen");
 }
 
+constexpr int titleButtons = 160; // pixels that a title bar takes beside its text
+
 QString titleOf(std::string_view title) {
     return title.empty() ? QStringLiteral("Kestrelwood") : toText(title);
 }
@@ -57,6 +59,8 @@ public:
         setOptions(DontUseNativeDialog | DontConfirmOverwrite);
         setFileMode(AnyFile);
         setAcceptMode(mode);
+        // The other view writes sizes and dates by the desktop's locale, not by ours.
+        setViewMode(List);
         setNameFilter(toNameFilter(filter));
         setLabelText(LookIn, QStringLiteral("Suchen in:"));
         setLabelText(FileName, QStringLiteral("Dateiname:"));
@@ -150,6 +154,8 @@ std::string Dialogs::prompt(std::string_view title, std::string_view text) {
     dialog.setLabelText(toText(text));
     dialog.setOkButtonText(okText());
     dialog.setCancelButtonText(cancelText());
+    const int titleWidth = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(titleWidth + titleButtons, 0)));
     return dialog.exec() == QDialog::Accepted ? dialog.textValue().toStdString() : std::string();
 }
 

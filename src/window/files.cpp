@@ -7,10 +7,10 @@
 
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
-#include <random>
 #include <utility>
 
 #include <fcntl.h>
@@ -118,8 +118,10 @@ std::filesystem::path destination(const platform::FileName& name, std::error_cod
 
 /// A short name of our own, so that a target with the longest possible name has room beside it.
 std::string temporaryName() {
-    std::random_device random;
-    const std::uint64_t number = (std::uint64_t{random()} << 32) | random();
+    // It needn't be secret: a name that is taken is never followed or opened, only skipped.
+    const auto time = std::chrono::steady_clock::now().time_since_epoch().count();
+    const std::uint64_t number
+        = (static_cast<std::uint64_t>(::getpid()) << 40) ^ static_cast<std::uint64_t>(time);
     std::array<char, 16> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
     return ".kestrelwood-" + std::string(digits.data(), end);

@@ -83,6 +83,7 @@ constexpr std::array explanations{
     Spoken{Name::xpButton, 1, "Löscht die ganze Permanenz."},
     Spoken{Name::xpButton, 3, "Schreibt die Permanenz in eine Datei (Strg+S)."},
     Spoken{Name::Check, 0, "Zeigt die Kürzel der Chancen statt der Zahlen."},
+    Spoken{Name::Check, 1, "Zeigt Linien zwischen den Zeilen und Spalten."},
     Spoken{Name::xpButton, 4, "Löscht die Markierung der genau so oft gefallenen Pleins."},
     Spoken{Name::xpButton, 5, "Löscht die Markierung der mindestens so oft gefallenen Pleins."},
     Spoken{Name::xpCombo, 0, "Chancen, nach denen die Permanenz sortiert ist."},
@@ -263,7 +264,8 @@ void MainWindow::fitToScreen() {
         = frame && !frame->frameMargins().isNull() ? frame->frameMargins() : likelyFrame;
     const QRect room = screen()->availableGeometry().marginsRemoved(margins);
     QSize size = area_->widget()->size() + QSize(0, menuBar()->sizeHint().height());
-    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    // One pixel more than it takes: at a broken scale a size is rounded to whole screen pixels.
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 1;
     if (size.height() > room.height())
         size.rwidth() += scrollBar;
     if (size.width() > room.width())

@@ -2,6 +2,7 @@
 // A box for the count by which numbers are marked.
 #pragma once
 
+#include "window/held_key.h"
 #include "window/text_box_view.h"
 
 namespace window {
@@ -16,10 +17,13 @@ public:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void ask();
+
+    HeldKey held_;
 };
 
 } // namespace window

@@ -4,6 +4,7 @@
 
 #include "chances/chancentabelle.h"
 #include "controls/models.h"
+#include "window/held_key.h"
 #include "window/number_cells.h"
 #include "window/session.h"
 
@@ -84,6 +85,7 @@ private:
     int current_ = 0;
     int hovered_ = -1; ///< under the pointer
     int pressed_ = -1; ///< held down by mouse or key
+    HeldKey held_;
     bool byMouse_ = false;
     int firstDigit_ = 0; ///< of a number being typed; 0 while a digit starts anew
 };

@@ -20,13 +20,27 @@ namespace {
 constexpr std::chrono::milliseconds frameTime{16};
 constexpr int border = 2; // pixels
 
+constexpr int pictureSize = 148; // pixels
+constexpr controls::Color pictureGround = controls::rgb(192, 192, 192);
+
+/// The still picture with a cell of its ground beyond the right and the lower edge: the last cells
+/// lie there, since the surface's size in cells is rounded up.
+QImage stillPicture(qreal ratio, int fineness) {
+    const int size = (pictureSize + Unterwassereffekt::Zellgroesse) * fineness;
+    QImage ground(size, size, QImage::Format_RGB32);
+    ground.fill(toColor(pictureGround));
+    QPainter painter(&ground);
+    painter.drawImage(QRect(0, 0, pictureSize * fineness, pictureSize * fineness),
+        loadPicture(Picture::Icon, ratio));
+    return ground;
+}
+
 } // namespace
 
 WaterSurface::WaterSurface(
     const Session& session, const forms::plan::Control& control, QWidget* parent)
     : QFrame(parent), session_(session), fineness_(devicePixelRatioF() > 1 ? 2 : 1),
-      source_(
-          loadPicture(Picture::Icon, devicePixelRatioF()).convertToFormat(QImage::Format_RGB32)) {
+      source_(stillPicture(devicePixelRatioF(), fineness_)) {
     setObjectName(controlName(control.name, control.index));
     setAccessibleName(QStringLiteral("Programmsymbol unter Wasser"));
     setFrameStyle(QFrame::WinPanel | QFrame::Sunken);

@@ -156,6 +156,31 @@ TEST_F(MainWindowTest, AltRTakesBackAndNeverClears) {
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(stage.main.Coup, 1) << "the text box takes back its own typing";
     EXPECT_NE(count.text().toStdString(), "12");
+    count.setText(QStringLiteral("2"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(stage.main.Coup, 3);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(stage.main.Coup, 2) << "behind a series the key means the coups";
+}
+
+TEST_F(MainWindowTest, AHeldKeyIsOnePress) {
+    // As a slow toolkit sees it: repeats without their mark, each at the moment of a release.
+    const auto hold = [](QWidget& widget, Qt::Key key) {
+        for (const quint64 time : {0U, 1U, 2U, 3U}) {
+            QKeyEvent press(QEvent::KeyPress, key, {});
+            press.setTimestamp(1000 + 30 * time);
+            QApplication::sendEvent(&widget, &press);
+            QKeyEvent release(QEvent::KeyRelease, key, {});
+            release.setTimestamp(1000 + 30 * (time + 1));
+            QApplication::sendEvent(&widget, &release);
+        }
+    };
+    auto& pad = *find(Name::xpFrame, 2);
+    hold(pad, Qt::Key_Space);
+    EXPECT_EQ(stage.main.Coup, 1);
+    count.setText(QStringLiteral("3"));
+    hold(count, Qt::Key_Return);
+    EXPECT_EQ(stage.main.Coup, 4);
 }
 
 TEST_F(MainWindowTest, CountBoxFiltersTypedCharactersOnly) {

@@ -147,7 +147,7 @@ TEST_F(WindowsTest, WaterTakesPiecesOfThePictureAndNothingElse) {
     EXPECT_EQ(QSize(water.breite(), water.hoehe()), QSize(148, 147));
     water.kopieren(40, 60, 100, 3);
     water.kopieren(8, 8, -2, 145); // half outside the surface
-    water.kopieren(148, 0, 50, 50); // beyond the picture
+    water.kopieren(148, 0, 50, 50); // beyond the picture: its ground
     water.kopieren(0, 0, 4000, -4000);
     const QImage seen = water.grab().toImage();
     const QRgb ground = window::toColor(controls::ActiveTitle).rgb();
@@ -158,13 +158,15 @@ TEST_F(WindowsTest, WaterTakesPiecesOfThePictureAndNothingElse) {
             const QRgb here = seen.pixel(inside + QPoint(x, y));
             if (QRect(100, 3, 4, 4).contains(x, y))
                 ASSERT_EQ(here, icon.pixel(x - 60, y + 57)) << x << ' ' << y;
+            else if (QRect(50, 50, 4, 4).contains(x, y))
+                ASSERT_EQ(here, qRgb(192, 192, 192)) << x << ' ' << y;
             else if (QRect(-2, 145, 4, 4).contains(x, y))
                 ASSERT_EQ(here, icon.pixel(x + 10, y - 137)) << x << ' ' << y;
             else
                 ASSERT_EQ(here, ground) << x << ' ' << y;
             covered += here != ground ? 1 : 0;
         }
-    EXPECT_EQ(covered, 16 + 4);
+    EXPECT_EQ(covered, 16 + 16 + 4);
 }
 
 } // namespace
