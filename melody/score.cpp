@@ -148,7 +148,7 @@ void Parser::readVoice(const std::vector<std::string_view>& words) {
     for (std::size_t i = 2; i < words.size(); ++i) {
         const std::size_t equals = words[i].find('=');
         const std::string_view name = words[i].substr(0, equals);
-        auto* const field = std::find_if(std::begin(fields), std::end(fields),
+        const auto* const field = std::find_if(std::begin(fields), std::end(fields),
             [name](const Field& f) { return f.name == name; });
         require(equals != std::string_view::npos && field != std::end(fields),
             "unbekannte Angabe „" + std::string(words[i]) + "“");

@@ -4,4 +4,4 @@
 set -eu
 cd "$(dirname "$0")/.."
 git ls-files -z -- 'src/*.cpp' 'melody/*.cpp' |
-    xargs -0 -n 4 -P "$(nproc)" clang-tidy --quiet --warnings-as-errors='*' -p "$1"
+    xargs -0 -n 3 -P "$(nproc)" clang-tidy --quiet --warnings-as-errors='*' -p "$1"
