@@ -26,10 +26,7 @@ def main():
     with x11.Screen(x11.build("kestrelwood", os.environ.get("TRIAL_PRESET", "dev"))) as screen:
         screen.start()
         screen.focus(screen.main)
-        left, top = screen.place(screen.main)
-        height = int([line for line in screen.xdotool("getwindowgeometry", "--shell", str(screen.main))
-                      if line.startswith("HEIGHT=")][0][7:])
-        menu = height - 714  # the designed height of the rest
+        left, top, menu = screen.place()
         begun = time.monotonic()
         for i, number in enumerate(numbers):
             x, y = screen.pad(number, menu)
@@ -42,8 +39,10 @@ def main():
         file = screen.folder + "/klicks.txt"
         screen.keys("ctrl+s")
         screen.focus(screen.window("Permanenz speichern", 60))
-        screen.type(file + "\n")
-        screen.gone("Permanenz speichern")
+        screen.enter(file)
+        end = time.monotonic() + 20
+        while not os.path.exists(file) and time.monotonic() < end:
+            time.sleep(0.02)
         saved = [int(line) for line in open(file)]
         screen.close(screen.main)
         code = screen.process.wait(20)

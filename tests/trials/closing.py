@@ -24,12 +24,12 @@ def begin(screen, kind, place):
     if kind == "load":
         screen.keys("ctrl+o")
         screen.focus(screen.window("Permanenz laden"))
-        screen.type(screen.folder + "/lang.txt\n")
+        screen.enter(screen.folder + "/lang.txt")
     elif kind == "info":
         screen.xdotool("mousemove", str(left + 75), str(top + menu // 2), "click", "1")
     else:
         screen.xdotool("mousemove", str(left + 50), str(top + menu + 364), "click", "1")
-        screen.type(("20000000" if kind == "draw" else "3000000") + "\n")
+        screen.enter("20000000" if kind == "draw" else "3000000")
         if kind == "re-sort":
             screen.window("Berechne . . .")
             screen.gone("Berechne . . .", 120)
@@ -54,10 +54,7 @@ def main():
             for _ in range(times):
                 screen.start()
                 screen.focus(screen.main)
-                left, top = screen.place(screen.main)
-                height = int([line for line in screen.xdotool("getwindowgeometry", "--shell", str(screen.main))
-                              if line.startswith("HEIGHT=")][0][7:])
-                begin(screen, kind, (left, top, height - 714))
+                begin(screen, kind, screen.place())
                 time.sleep(draw.uniform(0, 1.5 if kind != "re-sort" else 0.3))
                 amid += bool(screen.xdotool("search", "--onlyvisible", "--name", "^Berechne|^Info"))
                 closed = time.monotonic()

@@ -5,6 +5,7 @@ the server's test extension, quick enough for thousands of clicks a second."""
 import ctypes
 import os
 import pathlib
+import random
 import shutil
 import subprocess
 import tempfile
@@ -33,18 +34,20 @@ class Screen:
 
     def __init__(self, program, environment=None):
         self.folder = tempfile.mkdtemp(prefix="trial.")
-        read, write = os.pipe()
-        self.server = subprocess.Popen(
-            ["Xvfb", "-noreset", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        self.number = os.read(read, 16).decode().strip()
-        os.close(read)
+        self.display = None
+        while not self.display:
+            self.number = str(random.randrange(100, 10000))
+            self.server = subprocess.Popen(
+                ["Xvfb", ":" + self.number, "-noreset", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            while self.server.poll() is None and not self.display:
+                time.sleep(0.1)
+                self.display = X.XOpenDisplay((":" + self.number).encode())
+        self.display = ctypes.c_void_p(self.display)
         keep = {k: os.environ[k] for k in ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS") if k in os.environ}
         self.environment = {"HOME": self.folder, "XDG_RUNTIME_DIR": self.folder, "LANG": "C.UTF-8",
                             "DISPLAY": ":" + self.number, "QT_QPA_PLATFORM": "xcb", **keep,
                             **(environment or {})}
-        self.display = ctypes.c_void_p(X.XOpenDisplay((":" + self.number).encode()))
         self.errors = open(self.folder + "/errors", "w+")
         self.program = program
         self.process = None
@@ -64,7 +67,11 @@ class Screen:
         self.errors.truncate(0)
         self.process = subprocess.Popen([str(self.program)], env=self.environment, cwd=self.folder,
                                         stdin=subprocess.DEVNULL, stdout=self.errors, stderr=self.errors)
-        self.main = self.window("Kestrelwood Beta 0.1", 60)
+        title = "Kestrelwood Beta 0.1"
+        self.main = self.window(title, 60)
+        while self.shell(self.main).get("HEIGHT", 0) < 500:  # the splash has the same title
+            time.sleep(0.02)
+            self.main = self.window(title)
 
     def xdotool(self, *words):
         return subprocess.run(["xdotool", *words], env=self.environment, stdout=subprocess.PIPE,
@@ -92,15 +99,23 @@ class Screen:
     def focus(self, window):
         self.xdotool("windowfocus", "--sync", str(window))
 
-    def place(self, window):
-        shell = dict(line.split("=") for line in self.xdotool("getwindowgeometry", "--shell", str(window)))
-        return int(shell["X"]), int(shell["Y"])
+    def shell(self, window):
+        """Place and size of a window, by xdotool's words."""
+        lines = self.xdotool("getwindowgeometry", "--shell", str(window))
+        return {word: int(value) for word, value in (line.split("=") for line in lines)}
+
+    def place(self):
+        """Left, top and the height of the menu bar of the main window."""
+        shell = self.shell(self.main)
+        return shell["X"], shell["Y"], shell["HEIGHT"] - 714  # what lies below has that height
 
     def keys(self, *names):
         self.xdotool("key", *names)
 
-    def type(self, text):
+    def enter(self, text):
+        """Types a text and Return."""
         self.xdotool("type", text)
+        self.keys("Return")
 
     def click(self, x, y):
         """Without waiting; flush() sends what has been gathered."""
