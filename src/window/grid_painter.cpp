@@ -16,6 +16,7 @@ namespace {
 constexpr int TextMargin = 3;
 // Far above the patterns of one view, so that clearing all at once is rare and good enough.
 constexpr qsizetype MaxStrips = 128;
+constexpr qsizetype GroupLength = 3; // digits that a number is put together from
 constexpr qsizetype MaxDigits = 2048; // all groups of three digits, and thousands to spare
 
 constexpr QRgb Paper = 0xFFFFFFFF;
@@ -42,8 +43,6 @@ QRect textRect(const GridLayout::Column& column, int line, int height) {
 
 GridPainter::GridPainter(const QFont& font) : font_(font) {
     font_.setKerning(false); // digits stand in columns, also "11"
-    const QFontMetricsF metrics(font_);
-    digitWidth_ = metrics.horizontalAdvance(QLatin1Char('0'));
 }
 
 void GridPainter::paint(QPainter& painter, const QRect& area, const QRect& clip,
@@ -85,7 +84,7 @@ void GridPainter::drawRows(
             continue;
         // Column 1 has its own ground only where nothing else was asked for.
         const bool bare = !pattern.CellColor(1) && !pattern.RowColor();
-        if (bare && row < narrowFrom_)
+        if (bare)
             drawSerial(painter, row, y);
         else
             odd_.push_back(row);
@@ -99,8 +98,7 @@ void GridPainter::adopt(const controls::Grid& grid, const GridLayout& layout, qr
         pen_ = std::max(1, static_cast<int>(scale));
         strips_.clear();
         digits_.clear();
-        oddLength_ = 0;
-        narrowFrom_ = firstNarrow();
+        looks_ = {};
         header_ = drawHeader();
     }
     if (grid.Generation() != generation_) {
@@ -109,14 +107,16 @@ void GridPainter::adopt(const controls::Grid& grid, const GridLayout& layout, qr
     }
 }
 
-std::int64_t GridPainter::firstNarrow() const {
-    if (layout_.columns.empty())
-        return 0;
-    const int room = textRect(layout_.columns[0], layout_.lines, GridLayout::RowHeight).width();
-    std::int64_t number = 1;
-    for (int digits = 1; digits < 18 && digitWidth_ * digits <= room; ++digits)
-        number *= 10;
-    return number;
+const GridPainter::SerialLook& GridPainter::serialLook(qsizetype length) {
+    // All digits are equally wide, so one number of this length stands for all of them. The
+    // smallest font still holds a million million rows, more than any memory.
+    SerialLook& look = looks_[static_cast<std::size_t>(length)];
+    if (look.digitWidth == 0) {
+        const int room = textRect(layout_.columns[0], layout_.lines, GridLayout::RowHeight).width();
+        look.font = fitted(font_, QString(length, QLatin1Char('8')), room).font;
+        look.digitWidth = QFontMetricsF(look.font).horizontalAdvance(QLatin1Char('0'));
+    }
+    return look;
 }
 
 void GridPainter::drawGround(QPainter& painter, const QRect& area, int rowsEnd) const {
@@ -133,57 +133,59 @@ void GridPainter::drawGround(QPainter& painter, const QRect& area, int rowsEnd) 
 void GridPainter::drawSerial(QPainter& painter, std::int64_t row, int y) {
     // Neighbouring rows share their thousands, so hardly a number has to be drawn anew, and a
     // long one takes about as little time as a short one.
+    const QString text = QString::number(row);
+    const SerialLook& look = serialLook(text.size());
     const int left = layout_.columns[0].left + TextMargin;
-    const std::int64_t thousands = row / 1000;
-    QString rest = QString::number(row % 1000);
-    qsizetype before = 0;
-    if (thousands > 0) {
-        const QString text = QString::number(thousands);
-        before = text.size();
-        painter.drawImage(device(left), y, digits(text));
-        rest = rest.rightJustified(3, QLatin1Char('0'));
-    }
-    const qreal x = left + digitWidth_ * static_cast<qreal>(before);
-    painter.drawImage(qRound(x * scale_), y, digits(rest));
+    const qsizetype thousands = std::max<qsizetype>(0, text.size() - GroupLength);
+    if (thousands > 0)
+        painter.drawImage(device(left), y, digits(text.left(thousands), look));
+    const qreal x = left + look.digitWidth * static_cast<qreal>(thousands);
+    painter.drawImage(qRound(x * scale_), y, digits(text.mid(thousands), look));
 }
 
 void GridPainter::drawOddSerials(QPainter& painter, std::int64_t top) {
-    if (odd_.empty())
-        return;
     painter.setPen(QColor(Ink));
-    const QRect first = textRect(layout_.columns[0], layout_.lines, GridLayout::RowHeight);
     for (const std::int64_t row : odd_) {
         const QString text = QString::number(row);
-        if (text.size() != oddLength_) {
-            // All digits are equally wide, so one number of this length stands for all of them.
-            // The smallest font still holds a million million rows, more than any memory.
-            oddLength_ = text.size();
-            oddFont_ = fitted(font_, QString(oddLength_, QLatin1Char('8')), first.width()).font;
-        }
-        painter.setFont(oddFont_);
+        const QRect first = textRect(layout_.columns[0], layout_.lines, GridLayout::RowHeight);
         const int i = static_cast<int>(row - 1 - top);
         const int y = GridLayout::HeaderHeight + i * GridLayout::RowHeight;
+        painter.setFont(serialLook(text.size()).font);
         painter.drawText(first.translated(0, y), alignmentOf(0), text);
     }
 }
 
-const QImage& GridPainter::digits(const QString& text) {
-    if (const auto found = digits_.constFind(text); found != digits_.cend())
+QImage GridPainter::digits(const QString& text, const SerialLook& look) {
+    const std::pair<QString, qreal> key(text, look.digitWidth);
+    if (const auto found = digits_.constFind(key); found != digits_.cend())
         return *found;
+    const auto width = [&](qsizetype length) {
+        return std::max(1, qCeil(look.digitWidth * static_cast<qreal>(length) * scale_));
+    };
+    const int height = static_cast<int>(GridLayout::RowHeight * scale_) - pen_;
+    QImage image(width(text.size()), std::max(1, height), QImage::Format_RGB32);
+    image.fill(SerialGround);
+    if (text.size() > 1) {
+        // Put together from shorter parts, down to single digits: drawing text takes far longer.
+        const qsizetype before = text.size() - (text.size() > GroupLength ? GroupLength : 1);
+        const qreal x = look.digitWidth * static_cast<qreal>(before) * scale_;
+        const std::array parts{digits(text.left(before), look), digits(text.mid(before), look)};
+        QPainter painter(&image);
+        painter.drawImage(0, 0, parts[0]);
+        painter.drawImage(qRound(x), 0, parts[1]);
+    } else {
+        image.setDevicePixelRatio(scale_);
+        QPainter painter(&image);
+        painter.setPen(QColor(Ink));
+        painter.setFont(look.font);
+        painter.drawText(QRect(0, 0, image.width(), GridLayout::RowHeight), alignmentOf(0), text);
+        painter.end();
+        image.setDevicePixelRatio(1);
+    }
     if (digits_.size() >= MaxDigits)
         digits_.clear();
-    const int width = qCeil(digitWidth_ * static_cast<qreal>(text.size()) * scale_);
-    const int height = static_cast<int>(GridLayout::RowHeight * scale_) - pen_;
-    QImage image(std::max(1, width), std::max(1, height), QImage::Format_RGB32);
-    image.fill(SerialGround);
-    image.setDevicePixelRatio(scale_);
-    QPainter painter(&image);
-    painter.setPen(QColor(Ink));
-    painter.setFont(font_);
-    painter.drawText(QRect(0, 0, width, GridLayout::RowHeight), alignmentOf(0), text);
-    painter.end();
-    image.setDevicePixelRatio(1);
-    return *digits_.insert(text, image);
+    digits_.insert(key, image);
+    return image;
 }
 
 const QImage& GridPainter::strip(

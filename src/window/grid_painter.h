@@ -9,7 +9,9 @@
 #include <QImage>
 #include <QRect>
 
+#include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 class QPainter;
@@ -32,19 +34,28 @@ public:
     qsizetype stripCount() const { return strips_.size(); }
 
 private:
+    static constexpr std::size_t MostDigits = 19; // of a 64 bit number
+
+    /// How serial numbers of one length are drawn: long ones narrower, then smaller.
+    struct SerialLook {
+        QFont font;
+        qreal digitWidth = 0; ///< 0 while unknown
+    };
+
     void adopt(const controls::Grid& grid, const GridLayout& layout, qreal scale);
     void drawRows(
         QPainter& painter, const controls::Grid& grid, std::int64_t top, int from, int to);
     void drawGround(QPainter& painter, const QRect& area, int rowsEnd) const;
     /// A serial number from ready-made digits, at a height in device pixels.
     void drawSerial(QPainter& painter, std::int64_t row, int y);
-    /// The serial numbers that don't suit ready-made digits: too wide, or on a coloured ground.
+    /// The serial numbers on a coloured ground, which ready-made digits don't suit.
     void drawOddSerials(QPainter& painter, std::int64_t top);
-    const QImage& digits(const QString& text);
+    const SerialLook& serialLook(qsizetype length);
+    /// A part of a serial number on its ground.
+    QImage digits(const QString& text, const SerialLook& look);
     const QImage& strip(const controls::RowPattern& pattern, controls::PatternId id, int height);
     QImage drawStrip(const controls::RowPattern& pattern, int height) const;
     QImage drawHeader() const;
-    std::int64_t firstNarrow() const;
     int device(int logical) const { return qRound(logical * scale_); }
 
     QFont font_;
@@ -53,13 +64,10 @@ private:
     std::uint64_t generation_ = 0;
     QHash<quint64, QImage> strips_; // by pattern and height in device pixels
     QImage header_;
-    QHash<QString, QImage> digits_; // parts of serial numbers
+    std::array<SerialLook, MostDigits + 1> looks_; // by the number's length, made when needed
+    QHash<std::pair<QString, qreal>, QImage> digits_; // parts of serial numbers, by digit width
     int pen_ = 1; // of lines, in device pixels
-    qreal digitWidth_ = 0;
-    std::int64_t narrowFrom_ = 0; // the first number that is too wide for the plain font
     std::vector<std::int64_t> odd_; // rows that drawOddSerials is to do
-    qsizetype oddLength_ = 0; // digits that oddFont_ was made for
-    QFont oddFont_;
 };
 
 } // namespace window
