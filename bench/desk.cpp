@@ -77,10 +77,10 @@ RunTimes Desk::load(const std::string& file, const std::function<void()>& answer
     return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
 }
 
-double Desk::loadInPart(const std::string& file, const std::function<double()>& ended) {
+void Desk::loadInPart(const std::string& file, const std::function<void()>& ended) {
     answerFileDialog(file, [] {});
     press(loadButton);
-    return ended();
+    ended();
 }
 
 RunTimes Desk::draw(std::int64_t count) {

@@ -30,8 +30,8 @@ public:
     /// `answered` is called when the file has been chosen.
     RunTimes load(
         const std::string& file, const std::function<void()>& answered = [] {});
-    /// Starts a load that ends early; gives what `ended` gives at the moment it has.
-    double loadInPart(const std::string& file, const std::function<double()>& ended);
+    /// Starts a load that ends early; calls `ended` at the moment it has.
+    void loadInPart(const std::string& file, const std::function<void()>& ended);
     RunTimes draw(std::int64_t count);
     void press(int button); ///< 0 undo, 1 reset
     /// Serves events until `done`, frames included. False after 60 seconds.

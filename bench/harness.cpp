@@ -36,6 +36,12 @@ double threadSeconds() {
     return seconds(CLOCK_THREAD_CPUTIME_ID);
 }
 
+double threadSeconds(pthread_t thread) {
+    clockid_t clock = CLOCK_THREAD_CPUTIME_ID;
+    ::pthread_getcpuclockid(thread, &clock);
+    return seconds(clock);
+}
+
 double wallSeconds() {
     return seconds(CLOCK_MONOTONIC);
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include <pthread.h>
+
 namespace bench {
 
 inline constexpr std::int64_t Thousand = 1'000;
@@ -18,6 +20,9 @@ inline constexpr int Rounds = 9;
 /// Seconds of processor time that this thread has used: what others do at the same time on the
 /// machine hardly shows in it.
 double threadSeconds();
+
+/// The same of another thread.
+double threadSeconds(pthread_t thread);
 
 /// Seconds that have passed.
 double wallSeconds();
