@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 # Saves over an old file on disks that fill up: the old file must stay and the user must be told;
 # on a disk with just enough room the save must succeed.
+# shellcheck source-path=SCRIPTDIR
 . "$(dirname "$0")/lib.sh"
 if [ "${1-}" != mounting ]; then
     built files_trial

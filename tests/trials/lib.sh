@@ -1,4 +1,5 @@
 # shellcheck shell=bash
+# shellcheck disable=SC2034 # what is set here is used by the trials
 # SPDX-License-Identifier: MIT
 # Sourced by the trials. KESTRELWOOD_BUILD is another place for build folders, TRIAL_PRESET the
 # preset that the programs are built by.

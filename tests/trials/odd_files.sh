@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 # Loads files that no one would call a permanence, and files that change while they are read.
 #   odd_files.sh [--kurz]      --kurz: a tenth of a gigabyte in the one long line
+# shellcheck source-path=SCRIPTDIR
 . "$(dirname "$0")/lib.sh"
 built files_trial
 room

@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Saves to and loads from what is no ordinary file, as an ordinary user: each has an outcome with a
 # name, never a wait, and never a lost file.
+# shellcheck source-path=SCRIPTDIR
+# shellcheck disable=SC2059 # the contents are formats
 . "$(dirname "$0")/lib.sh"
 built files_trial
 room

@@ -46,7 +46,9 @@ class Screen:
         self.display = ctypes.c_void_p(self.display)
         keep = {k: os.environ[k] for k in ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS") if k in os.environ}
         self.environment = {"HOME": self.folder, "XDG_RUNTIME_DIR": self.folder, "LANG": "C.UTF-8",
-                            "DISPLAY": ":" + self.number, "QT_QPA_PLATFORM": "xcb", **keep,
+                            "DISPLAY": ":" + self.number, "QT_QPA_PLATFORM": "xcb",
+                            # No message bus: one started for the program would outlive it.
+                            "DBUS_SESSION_BUS_ADDRESS": "unix:path=/dev/null", **keep,
                             **(environment or {})}
         self.errors = open(self.folder + "/errors", "w+")
         self.program = program
