@@ -21,7 +21,7 @@ namespace window {
 
 namespace {
 
-constexpr std::size_t BufferSize = 256 * 1024;
+constexpr std::size_t BufferSize = std::size_t{256} * 1024;
 constexpr int MostLinks = 40;
 constexpr int MostNames = 100;
 constexpr mode_t AnyWritePermission = S_IWUSR | S_IWGRP | S_IWOTH;
@@ -123,7 +123,8 @@ std::string temporaryName() {
     const std::uint64_t number
         = (static_cast<std::uint64_t>(::getpid()) << 40) ^ static_cast<std::uint64_t>(time);
     std::array<char, 16> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    const char* const end
+        = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
     return ".kestrelwood-" + std::string(digits.data(), end);
 }
 

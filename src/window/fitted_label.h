@@ -18,7 +18,7 @@ public:
     /// Takes its place in `parent`. `room` is the width in pixels up to the next control.
     FittedLabel(const forms::plan::Control& control, int room, QWidget* parent);
 
-    void showText(const QString& text);
+    void showText(const QString& shown);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
