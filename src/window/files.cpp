@@ -123,8 +123,7 @@ std::string temporaryName() {
     const std::uint64_t number
         = (static_cast<std::uint64_t>(::getpid()) << 40) ^ static_cast<std::uint64_t>(time);
     std::array<char, 16> digits{};
-    const char* const end
-        = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
+    auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr;
     return ".kestrelwood-" + std::string(digits.data(), end);
 }
 
