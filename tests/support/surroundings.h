@@ -44,6 +44,7 @@ struct Dialogs : platform::Dialogs {
     std::vector<std::string> asked; ///< every question, its parts joined by "|"
     std::vector<Message> messages;
     std::function<void()> onQuestion; ///< while a file dialog is open
+    std::function<void()> onMessage;
 
     std::optional<std::string> ask(std::string_view kind, std::string_view title,
         const platform::Filter& f, const auto& last) {
@@ -63,6 +64,8 @@ struct Dialogs : platform::Dialogs {
     }
     void message(std::string_view title, std::string_view text, platform::Icon icon) override {
         messages.push_back({std::string(title), std::string(text), icon});
+        if (onMessage)
+            onMessage();
     }
     std::string prompt(std::string_view title, std::string_view text) override {
         asked.push_back(std::string(title) + "|" + std::string(text));
