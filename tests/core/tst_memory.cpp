@@ -132,15 +132,15 @@ std::string allNumbers() {
 
 TEST(Memory, AnyAllocationOfAClickAndOfTheRunsMayFail) {
     const Action nothing = [](Stage&) {};
-    failEverywhere(1, nothing, [](Stage& s) {
+    failEverywhere(3, nothing, [](Stage& s) {
         for (const int number : {0, 5, 6})
             if (!failed)
                 s.click(number);
     });
     failEverywhere(
-        17, [](Stage& s) { s.main.Text[0].Text = "90"; }, [](Stage& s) { s.key(13); });
+        31, [](Stage& s) { s.main.Text[0].Text = "90"; }, [](Stage& s) { s.key(13); });
     failEverywhere(
-        17,
+        31,
         [](Stage& s) {
             s.files.content["d"] = allNumbers();
             s.dialogs.chosen = "d";

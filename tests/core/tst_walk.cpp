@@ -158,7 +158,7 @@ TEST(Walk, EqualsThePlainProgramAfterEveryStep) {
     for (const unsigned seed : {1U, 20U, 300U}) {
         Walk walk(seed);
         int done = -1;
-        for (int i = 0; i < 120; ++i) {
+        for (int i = 0; i < 90; ++i) {
             ASSERT_EQ(support::difference(
                           support::picture(walk.stage.programm), walk.reference.picture()),
                 "")
