@@ -113,9 +113,6 @@ private:
         other.asCodes = mode != 0;
         other.place(row + 1);
         reference.view = other.view;
-        // The next coup of that number mustn't take after a row that bore more than its own marks.
-        stage.load(std::to_string(reference.coups[row]));
-        reference.coup(reference.coups[row]);
     }
 
     /// Single writes of texts and colours that no coup would make.
@@ -230,6 +227,16 @@ TEST(Walk, ReadyMadeRowsDontOutliveASweep) {
                 reference.view[row].text[5] = reference.store[row].text[5] = text;
             }
     }
+    // A coup placed once more on a scribbled row is no model for the next coup of its number.
+    stage.click(5);
+    reference.coup(5);
+    const std::int64_t last = std::exchange(stage.main.Coup, 1);
+    M_Permanenz::Sortierung_Coup(stage.programm);
+    stage.main.Coup = last;
+    reference.place(1);
+    stage.load("5");
+    reference.coup(5);
+    EXPECT_EQ(support::difference(support::picture(stage.programm), reference.picture()), "");
 }
 
 TEST(Walk, RowsNotYetReachedByAResortKeepTheirOldMarks) {
