@@ -32,8 +32,9 @@ def measured(folder, programs):
     """For each source file the outcomes by their place, and the lines reached and all lines."""
     profile = str(folder / "tests.profdata")
     run("llvm-profdata", "merge", "-o", profile, *(f"{folder}/{p}.profraw" for p in programs))
-    # The libraries too: the programs leave out what no test asks for.
-    built = [*(folder / "tests" / p for p in programs), *sorted((folder / "src").rglob("*.a"))]
+    # The parts of the libraries too: the programs leave out what no test asks for.
+    parts = sorted(p for p in (folder / "src").rglob("*.cpp.o") if b"__llvm_covmap" in p.read_bytes())
+    built = [*(folder / "tests" / p for p in programs), *parts]
     objects = [word for path in built for word in ("-object", str(path))][1:]
     report = json.loads(subprocess.run(["llvm-cov", "export", "-instr-profile", profile, *objects],
                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
