@@ -26,12 +26,6 @@ public:
 
     void set(std::int64_t index, T value) { chunks_[chunk(index)][place(index)] = value; }
 
-    /// Makes room for one more value. Throws std::bad_alloc and leaves everything as it was.
-    void reserveOne() {
-        if (chunk(size_) == chunks_.size())
-            chunks_.push_back(std::make_unique_for_overwrite<T[]>(ChunkSize));
-    }
-
     /// Throws std::bad_alloc and leaves everything as it was.
     void push_back(T value) {
         reserveOne();
@@ -84,6 +78,12 @@ public:
     }
 
 private:
+    /// Makes room for one more value. Throws std::bad_alloc and leaves everything as it was.
+    void reserveOne() {
+        if (chunk(size_) == chunks_.size())
+            chunks_.push_back(std::make_unique_for_overwrite<T[]>(ChunkSize));
+    }
+
     static std::size_t chunk(std::int64_t index) {
         return static_cast<std::size_t>(index / ChunkSize);
     }

@@ -104,8 +104,8 @@ public:
     PatternId PatternOf(std::int64_t row) const { return ids_[row - 1]; }
     std::uint64_t Generation() const { return generation_; }
     std::size_t PatternCount() const { return patterns_.live(); }
-    /// Room for one more row: a following AddPattern can't fail. Throws std::bad_alloc.
-    void ReserveRow() { ids_.reserveOne(); }
+    /// The numbers of all patterns lie below this.
+    std::size_t PatternNumbers() const { return patterns_.size(); }
     void AddPattern(PatternId id) { ids_.push_back(id); }
     void SetPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
     RowIds& Ids() { return ids_; }

@@ -33,9 +33,6 @@ public:
     /// it was.
     void widen();
 
-    void reserveOne() {
-        std::visit([](auto& ids) { ids.reserveOne(); }, ids_);
-    }
     /// `id` must fit (see capacity()). Throws std::bad_alloc and leaves everything as it was.
     void push_back(std::uint32_t id) {
         std::visit([&]<class T>(Chunked<T>& ids) { ids.push_back(static_cast<T>(id)); }, ids_);

@@ -169,9 +169,6 @@ void Permanenz_Zeile(Programm& programm) {
     const auto sicht = muster(form.Grid[0], programm.Fertig.sicht[index], zahl, sichtzeile);
     const auto speicher
         = muster(form.Grid[1], programm.Fertig.speicher[index], zahl, speicherzeile);
-    // Whatever can fail comes before the first row.
-    form.Grid[0].ReserveRow();
-    form.Grid[1].ReserveRow();
     form.Grid[0].AddPattern(sicht);
     form.Grid[1].AddPattern(speicher);
     form.Grid[1].Refresh();

@@ -2,9 +2,10 @@
 // Reading the lines of a permanence file.
 #include "files/zeilenleser.h"
 
+#include "files/schnelle_zeile.h"
+
 #include <array>
 #include <bit>
-#include <cstring>
 #include <span>
 #include <utility>
 
@@ -17,13 +18,6 @@ constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr unsigned NoMarkAnyMore = 4;
 
 constexpr std::size_t PieceSize = 64;
-constexpr std::size_t WordSize = 8;
-
-std::uint64_t word(const char* text) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, text, WordSize);
-    return bytes;
-}
 
 /// The places of LF among the 64 bytes from `text` on, one bit each.
 std::uint64_t lineFeeds(const char* text) {
@@ -31,50 +25,13 @@ std::uint64_t lineFeeds(const char* text) {
     constexpr std::uint64_t low = 0x7F * ones;
     std::uint64_t places = 0;
     for (std::size_t i = 0; i < PieceSize / WordSize; ++i) {
-        const std::uint64_t other = word(text + i * WordSize) ^ ('\n' * ones);
+        const std::uint64_t other = Achtzeichen(text + i * WordSize) ^ ('\n' * ones);
         // The top bit of each byte that is LF, exactly: no carry leaves its byte.
         const std::uint64_t found = ~(((other & low) + low) | other | low);
         // The multiplication gathers the eight top bits in one byte.
         places |= (((found >> 7) * 0x0102040810204080U) >> 56) << (i * WordSize);
     }
     return places;
-}
-
-/// What the following give for a line that isn't of their kind, valid or not.
-constexpr unsigned OtherLine = HighestNumber + 1;
-
-/// The number of a line with a blank, one digit or two, a blank and a CR: how this program writes
-/// them. Made without branches, for the digits of a permanence can't be foreseen. 8 bytes can be
-/// read from `line` on.
-unsigned ownLine(const char* line, std::size_t length) {
-    constexpr std::uint64_t signs = 0xFFFF0000FF;
-    constexpr std::uint64_t expected = 0x0D20000020; // CR, blank, two digits, blank
-    constexpr std::uint64_t zeroBefore = (' ' ^ '0') << 8 | ' ';
-    // A single digit gets a zero before it, which makes the two kinds of line alike.
-    const bool one = length == 4;
-    const std::uint64_t bytes = one ? (word(line) << 8) ^ zeroBefore : word(line);
-    const auto tens = static_cast<unsigned>(bytes >> 8 & 0xFF) - '0';
-    const auto ones = static_cast<unsigned>(bytes >> 16 & 0xFF) - '0';
-    const bool fits = ((bytes & signs) == expected) & (tens <= (one ? 0 : 9)) & (ones <= 9);
-    return fits & (one | (length == 5)) ? 10 * tens + ones : OtherLine;
-}
-
-/// The number of a line that is one digit or two, with at most one blank on either side and a CR
-/// at the end. Also without branches. LF follows, and 8 bytes can be read.
-unsigned usualLine(const char* line, std::size_t length) {
-    if (length >= WordSize)
-        return OtherLine;
-    // With its LF, so that a NUL at the end of the line isn't taken for nothing.
-    std::uint64_t rest = word(line) & (~std::uint64_t{} >> (8 * (WordSize - 1 - length)));
-    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    const auto first = static_cast<unsigned>(rest & 0xFF) - '0';
-    const auto second = static_cast<unsigned>(rest >> 8 & 0xFF) - '0';
-    const bool two = second <= 9;
-    rest >>= two ? 16 : 8;
-    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    constexpr std::uint64_t carriageReturnLineFeed = '\r' | '\n' << 8;
-    const bool ends = (rest == '\n') | (rest == carriageReturnLineFeed);
-    return ends & (first <= 9) ? (two ? 10 * first + second : first) : OtherLine;
 }
 
 } // namespace
@@ -125,9 +82,9 @@ std::string_view Zeilenleser::ganzeZeilen(std::string_view block) {
         for (std::uint64_t feeds = lineFeeds(piece); feeds != 0; feeds &= feeds - 1) {
             const char* const feed = piece + std::countr_zero(feeds);
             const auto length = static_cast<std::size_t>(feed - line);
-            unsigned value = ownLine(line, length);
+            unsigned value = Eigene_Zeile(line, length);
             if (value > HighestNumber)
-                value = usualLine(line, length);
+                value = Uebliche_Zeile(line, length);
             if (value > HighestNumber) {
                 keep();
                 return {line, static_cast<std::size_t>(end - line)};

@@ -48,15 +48,19 @@ private:
     /// Goes through rows from `row` on as long as each has a known result; gives the first that
     /// hasn't, or bis + 1.
     std::int64_t bekannteZeilen(std::int64_t row, std::int64_t bis) {
+        if (bekannt_.empty())
+            return row;
         return sicht_.Ids().visit([&](auto& view) {
             return speicher_.Ids().visit([&](const auto& store) {
                 const auto ids = view.run(row - 1);
                 const auto numbers = store.run(row - 1);
                 const auto most = static_cast<std::size_t>(bis - row + 1);
                 const std::size_t count = std::min({ids.size(), numbers.size(), most});
+                // A span of its own, or every row written might have moved the vector.
+                const std::span<const Ergebnis> bekannt(bekannt_);
                 std::size_t i = 0;
-                for (; i < count && numbers[i] < bekannt_.size(); ++i) {
-                    const Ergebnis& ergebnis = bekannt_[numbers[i]];
+                for (; i < count; ++i) {
+                    const Ergebnis& ergebnis = bekannt[numbers[i]];
                     if (ergebnis.vorher != ids[i])
                         break;
                     ids[i]
@@ -72,9 +76,11 @@ private:
         try {
             neueZeile(row);
         } catch (const std::bad_alloc&) {
-            bekannt_.clear();
+            vergessen();
         }
     }
+
+    void vergessen() { bekannt_.clear(); }
 
     void neueZeile(std::int64_t row) {
         const PatternId vorher = sicht_.PatternOf(row);
@@ -85,16 +91,16 @@ private:
             form.xpCombo[0].ListIndex, form.Check[0].Value != 0, zahl(row)));
         sicht_.SetPattern(row, nachher);
         if (sicht_.Generation() != stand)
-            bekannt_.clear();
-        if (speicher >= bekannt_.size())
-            bekannt_.resize(speicher + 1);
+            vergessen();
+        bekannt_.resize(speicher_.PatternNumbers());
         bekannt_[speicher] = {vorher, nachher};
     }
 
     Programm& programm_;
     controls::Grid& sicht_;
     const controls::Grid& speicher_;
-    std::vector<Ergebnis> bekannt_; ///< by the pattern of the store row
+    /// By the pattern of the store row; empty, or long enough for all of them.
+    std::vector<Ergebnis> bekannt_;
 };
 
 } // namespace

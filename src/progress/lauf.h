@@ -15,7 +15,7 @@ namespace progress {
 inline constexpr std::int64_t BlockSize = 4096;
 
 /// The time from the end of one event turn to the beginning of the next.
-inline constexpr std::chrono::milliseconds TurnInterval{16};
+inline constexpr std::chrono::milliseconds TurnInterval{8};
 
 /// Gives the surroundings a turn whenever one is due.
 class Pace {

@@ -79,5 +79,6 @@ consteval auto zaehlwerke() {
 } // namespace detail
 
 inline constexpr auto Zaehlwerke = detail::zaehlwerke();
+static_assert(Zaehlwerke.size() == forms::plan::CounterLabels.size(), "a label for each counter");
 
 } // namespace stats
