@@ -31,7 +31,7 @@ void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, 
 } // namespace
 
 Application::Application(std::string_view version)
-    : platform_([this] { refresh(); }, [this] { return questionOwner(); }),
+    : platform_([this] { refreshIfDue(); }, [this] { return questionOwner(); }),
       session_{programm_, platform_.platform()} {
     programm_.Version = version;
     QAccessible::installFactory(buttonAccessible);
@@ -51,11 +51,16 @@ int Application::run() {
     return QApplication::exec();
 }
 
+bool Application::refreshIfDue() {
+    const bool due = sinceRefresh_.elapsed() >= frameTime;
+    if (due)
+        refresh();
+    return due;
+}
+
 void Application::refreshInTime() {
     const auto left = frameTime - sinceRefresh_.elapsed();
-    if (left <= 0)
-        refresh();
-    else if (!nextFrame_.isActive())
+    if (!refreshIfDue() && !nextFrame_.isActive())
         nextFrame_.start(static_cast<int>(left)); // waking up is all it has to do
 }
 
@@ -64,9 +69,6 @@ void Application::refresh() {
         return;
     const QScopedValueRollback<bool> guard(refreshing_, true);
     const forms::MainForm& form = programm_.Frm_Main;
-    keep(start_, programm_.Frm_Start.Visible, session_);
-    if (start_)
-        start_->refresh();
     if (form.Loaded) {
         keep(main_, true, session_);
         main_->refresh();
@@ -76,6 +78,10 @@ void Application::refresh() {
         keep(progress_, programm_.Frm_Progressbar.Visible, session_, owner);
         keep(info_, programm_.Frm_Info.Loaded, session_, owner);
     }
+    // The splash goes when the main window stands, so that there is always one to see.
+    keep(start_, programm_.Frm_Start.Visible, session_);
+    if (start_)
+        start_->refresh();
     if (progress_)
         progress_->refresh();
     if (progress_ && !progress_->isVisible())

@@ -20,7 +20,7 @@ namespace window {
 
 /// Owns everything and keeps the windows in line with their forms: a window comes when its form is
 /// first shown and goes when the form is unloaded. All views look at their models once per turn of
-/// the event loop, at most once per frame, and before each turn that a long run gives.
+/// the event loop, and of a long run's turns, but at most once per frame.
 class Application : public QObject {
     Q_OBJECT
 
@@ -32,6 +32,7 @@ public:
     int run();
 
 private:
+    bool refreshIfDue();
     void refreshInTime();
     void refresh();
     QWidget* questionOwner() const;

@@ -14,7 +14,7 @@ namespace window {
 
 /// Shows the box `Check(index)`. A click goes to the program, which alone decides whether the box
 /// changes.
-class CheckView : public QCheckBox, public View {
+class CheckView final : public QCheckBox, public View {
     Q_OBJECT
 
 public:

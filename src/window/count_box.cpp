@@ -17,11 +17,15 @@ namespace {
 constexpr char16_t enter = 13;
 
 /// Whether a key types a character, by the rule of the text box below: Ctrl makes it a command, but
-/// Ctrl with Alt is how some keyboards reach their third level.
+/// Ctrl with Alt is how some keyboards reach their third level, and characters that can't be seen
+/// are typed even with Ctrl.
 bool typesCharacter(const QKeyEvent& event) {
+    if (event.text().isEmpty())
+        return false;
+    const QChar::Category category = event.text().front().category();
     const Qt::KeyboardModifiers command = event.modifiers() & ~Qt::ShiftModifier;
-    return !event.text().isEmpty() && event.text().front().isPrint()
-        && command != Qt::ControlModifier;
+    return category == QChar::Other_Format
+        || (category != QChar::Other_Control && command != Qt::ControlModifier);
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace window {
 
 /// Takes digits only; Enter starts the random series. Only typed characters are filtered: whatever
 /// moves, deletes, copies or pastes works as in any text box.
-class CountBox : public TextBoxView {
+class CountBox final : public TextBoxView {
     Q_OBJECT
 
 public:

@@ -15,7 +15,7 @@ namespace window {
 /// Shows the selector xpCombo(0). A user's choice goes to the program; what is shown afterwards is
 /// what the program made of it. The mouse wheel never chooses while the list is closed: turning it
 /// over the box by chance would rebuild the whole view.
-class FamilyBox : public QComboBox, public View {
+class FamilyBox final : public QComboBox, public View {
     Q_OBJECT
 
 public:

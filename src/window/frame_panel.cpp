@@ -47,8 +47,9 @@ void FramePanel::paintEvent(QPaintEvent* /*event*/) {
     const QRect caption(captionLeft, 0, metrics.horizontalAdvance(title()), metrics.height());
 
     const qreal lineWidth = std::max(1.0, std::floor(devicePixelRatioF())); // of the screen
+    const int captionMiddle = caption.height() / 2;
     const QRectF border
-        = crispBorder(painter, QRectF(rect()).adjusted(0, caption.height() / 2, 0, 0), lineWidth);
+        = crispBorder(painter, QRectF(rect().adjusted(0, captionMiddle, 0, 0)), lineWidth);
     QPainterPath outline;
     outline.addRoundedRect(border, radius, radius);
     QPen pen(toColor(forms::plan::PanelBorderColor), lineWidth);

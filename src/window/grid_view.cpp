@@ -12,6 +12,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 
 #include <limits>
@@ -26,7 +28,8 @@ constexpr QRgb FrameColor = 0xFF9A9A9A;
 constexpr QRgb FocusColor = 0xFF0054A6;
 
 /// A scroll bar as wide as the columns leave room for. It leaves the wheel to the grid, which
-/// counts in rows also where one step of the bar stands for several.
+/// counts in rows also where one step of the bar stands for several. One row among many moves no
+/// pixel of it, and drawing it would take longer than all of the row.
 class RowScrollBar : public QScrollBar {
 public:
     explicit RowScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) { }
@@ -42,11 +45,46 @@ public:
         return width_ > 0 ? QSize(width_, QScrollBar::sizeHint().height()) : QScrollBar::sizeHint();
     }
 
+    /// Takes in all of a permanence's new place before it looks whether that moves a pixel.
+    void adopt(int page, int end, int row) {
+        adopting_ = true;
+        setPageStep(page);
+        setRange(0, end);
+        setValue(row);
+        adopting_ = false;
+        sliderChange(SliderValueChange);
+    }
+
 protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
+    void sliderChange(SliderChange change) override {
+        if (adopting_)
+            return;
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        const Look now{style()->subControlRect(
+                           QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this),
+            value() == minimum(), value() == maximum()};
+        const bool moves = change == SliderValueChange || change == SliderRangeChange;
+        if (moves && now == look_)
+            return;
+        look_ = now;
+        QScrollBar::sliderChange(change);
+    }
+
 private:
+    struct Look {
+        QRect slider;
+        bool atBegin = false;
+        bool atEnd = false;
+
+        bool operator==(const Look&) const = default;
+    };
+
     int width_ = 0;
+    bool adopting_ = false;
+    Look look_;
 };
 
 controls::Rect placeOf(const controls::Grid& grid) {
@@ -119,11 +157,9 @@ void GridView::followRequest() {
 
 void GridView::adoptScrollBar() {
     scale_ = RowScale(lastTop());
-    QScrollBar* const bar = verticalScrollBar();
+    auto* const bar = static_cast<RowScrollBar*>(verticalScrollBar());
     const QSignalBlocker ours(bar); // only the user's moves are to come back
-    bar->setPageStep(fullRows());
-    bar->setRange(0, scale_.barMaximum());
-    bar->setValue(scale_.toBar(top_));
+    bar->adopt(fullRows(), scale_.barMaximum(), scale_.toBar(top_));
 }
 
 GridView::Shown GridView::look() const {

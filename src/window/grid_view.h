@@ -16,7 +16,7 @@ namespace window {
 /// Shows a grid's header and as many rows as there is room for. It keeps nothing per row and counts
 /// in rows, never in pixels, so every action costs the same however many rows there are. Rows of
 /// this class count from 0, columns from 1 like the model's.
-class GridView : public QAbstractScrollArea, public View {
+class GridView final : public QAbstractScrollArea, public View {
     Q_OBJECT
 
 public:

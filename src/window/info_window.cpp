@@ -39,15 +39,13 @@ InfoWindow::InfoWindow(const Session& session, QWidget* owner)
       session_(session) {
     setWindowTitle(toText(plan::InfoCaption));
     setFixedSize(toPixels(plan::InfoClient).size());
-    QWidget* first = nullptr;
     for (const plan::Control& control : plan::Info) {
         QWidget* widget = build(control);
         if (control.name == Name::Image1)
             makeDivider(plan::InfoDivider, this);
         if (control.name == Name::cmdOK)
-            first = widget;
+            widget->setFocus();
     }
-    first->setFocus();
     refresh();
 }
 

@@ -20,7 +20,7 @@ class FittedLabel;
 
 /// Frm_Info: title, version, banner, rippling picture. Esc, Enter and closing the window count as
 /// "OK". The main window stays usable beside it.
-class InfoWindow : public QDialog, public View {
+class InfoWindow final : public QDialog, public View {
     Q_OBJECT
 
 public:

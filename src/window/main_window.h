@@ -23,7 +23,7 @@ class FittedLabel;
 /// Frm_Main: a menu bar above three panels, whose controls stand where the plan puts them, whatever
 /// the window's size; a window too small for them scrolls. It connects the controls to their
 /// handlers and holds no rule.
-class MainWindow : public QMainWindow, public View {
+class MainWindow final : public QMainWindow, public View {
     Q_OBJECT
 
 public:

@@ -8,7 +8,7 @@
 namespace window {
 
 /// Can't be typed into: a click, Space or Enter asks for its value.
-class MarkingBox : public TextBoxView {
+class MarkingBox final : public TextBoxView {
     Q_OBJECT
 
 public:

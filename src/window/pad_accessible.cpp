@@ -40,7 +40,7 @@ public:
     }
 
     QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    QStringList keyBindingsForAction(const QString& /*action*/) const override { return {}; }
     void doAction(const QString& name) override {
         if (name == pressAction()) {
             pad_.enter(number_);
@@ -82,7 +82,7 @@ private:
 
 } // namespace
 
-QAccessibleInterface* padAccessible(const QString&, QObject* object) {
+QAccessibleInterface* padAccessible(const QString& /*className*/, QObject* object) {
     auto* pad = qobject_cast<PadView*>(object);
     return pad ? new PadAccessible(pad) : nullptr;
 }

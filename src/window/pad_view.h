@@ -19,7 +19,7 @@ namespace window {
 /// The 37 cells of the pad, painted from the model. A click on a cell, and every further one of a
 /// double click, enters a coup. The pad is one stop of the tab order: arrow keys, Home, End and
 /// digits move its current cell, Space and Enter enter the cell's number.
-class PadView : public QWidget, public View {
+class PadView final : public QWidget, public View {
     Q_OBJECT
 
 public:

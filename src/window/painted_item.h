@@ -22,11 +22,11 @@ public:
     QAccessibleInterface* parent() const override {
         return QAccessible::queryAccessibleInterface(&owner_);
     }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
     int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    void setText(QAccessible::Text, const QString&) override { }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+    void setText(QAccessible::Text /*which*/, const QString& /*text*/) override { }
 
 protected:
     QRect onScreen(const QRect& place) const {

@@ -15,7 +15,7 @@ class FittedLabel;
 
 /// Frm_Progressbar: status line, bar, and the button that cancels the run; Esc and closing the
 /// window count as that button. Lives for one run.
-class ProgressWindow : public QDialog, public View {
+class ProgressWindow final : public QDialog, public View {
     Q_OBJECT
 
 public:

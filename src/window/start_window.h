@@ -11,7 +11,7 @@ namespace window {
 
 /// Frm_Start: the banner with the program's name, for as long as the program wants it. Clicks, keys
 /// and closing do nothing.
-class StartWindow : public QWidget, public View {
+class StartWindow final : public QWidget, public View {
     Q_OBJECT
 
 public:

@@ -110,8 +110,8 @@ void applyStyle(QApplication& application) {
 
 QColor toColor(controls::Color color) {
     const controls::Color value = resolved(color);
-    return QColor(static_cast<int>(value & 0xFFU), static_cast<int>(value >> 8U & 0xFFU),
-        static_cast<int>(value >> 16U & 0xFFU));
+    return {static_cast<int>(value & 0xFFU), static_cast<int>(value >> 8U & 0xFFU),
+        static_cast<int>(value >> 16U & 0xFFU)};
 }
 
 QFont toFont(const forms::plan::Font& font) {
@@ -129,7 +129,7 @@ QFont toFont(const forms::plan::Font& font) {
 QRect toPixels(const controls::Rect& rect) {
     const QPoint topLeft(controls::toPixels(rect.left), controls::toPixels(rect.top));
     const QPoint bottomRight(controls::toPixels(rect.right()), controls::toPixels(rect.bottom()));
-    return QRect(topLeft, bottomRight - QPoint(1, 1));
+    return {topLeft, bottomRight - QPoint(1, 1)};
 }
 
 QString toText(std::string_view text) {

@@ -62,7 +62,7 @@ private:
 
 } // namespace
 
-QAccessibleInterface* tableauAccessible(const QString&, QObject* object) {
+QAccessibleInterface* tableauAccessible(const QString& /*className*/, QObject* object) {
     auto* tableau = qobject_cast<TableauView*>(object);
     return tableau ? new TableauAccessible(tableau) : nullptr;
 }

@@ -52,12 +52,12 @@ void drawShape(QPainter& painter, const plan::Shape& shape) {
 }
 
 QPointF toPoint(controls::Twips x, controls::Twips y) {
-    return QPointF(controls::toPixels(x), controls::toPixels(y));
+    return {static_cast<qreal>(controls::toPixels(x)), static_cast<qreal>(controls::toPixels(y))};
 }
 
 void drawLayout(QPainter& painter) {
-    for (auto shape = plan::Shapes.rbegin(); shape != plan::Shapes.rend(); ++shape)
-        drawShape(painter, *shape);
+    std::for_each(plan::Shapes.rbegin(), plan::Shapes.rend(),
+        [&](const plan::Shape& shape) { drawShape(painter, shape); });
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     for (const plan::Line& line : plan::Lines) {
@@ -214,7 +214,7 @@ void TableauView::drawCell(QPainter& painter, int number) const {
         Qt::AlignBottom | Qt::AlignHCenter, cell.countDigits, toColor(cell.countColor), back);
 }
 
-void TableauView::drawLabel(QPainter& painter, const Label& label) const {
+void TableauView::drawLabel(QPainter& painter, const Label& label) {
     QLinearGradient gradient(label.place.topLeft(), label.place.bottomLeft() + QPoint(0, 1));
     gradient.setColorAt(0, toColor(label.plan->from));
     gradient.setColorAt(1, toColor(label.plan->to));

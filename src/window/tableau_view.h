@@ -18,7 +18,7 @@ namespace window {
 /// where the layout doesn't reach. Labels, numbers and badges are its items, known by one index:
 /// first the labels in the plan's order, then the 37 numbers, then their 37 badges. A number turns
 /// blue under the pointer; nothing here takes clicks.
-class TableauView : public QWidget, public View {
+class TableauView final : public QWidget, public View {
     Q_OBJECT
 
 public:
@@ -71,7 +71,7 @@ private:
 
     void refreshLabel(int index);
     void refreshCell(int number);
-    void drawLabel(QPainter& painter, const Label& label) const;
+    static void drawLabel(QPainter& painter, const Label& label);
     void drawCell(QPainter& painter, int number) const;
     void setHovered(int number);
     void tellChanges();

@@ -71,7 +71,8 @@ void WaterSurface::kopieren(int quelleX, int quelleY, int x, int y) {
     if (block.isEmpty())
         return;
     const auto start = static_cast<std::size_t>(block.left());
-    const auto target = static_cast<std::size_t>(block.left() + shift.x());
+    const int left = block.left() + shift.x();
+    const auto target = static_cast<std::size_t>(left);
     const auto bytes = static_cast<std::size_t>(block.width()) * sizeof(QRgb);
     for (int row = block.top(); row <= block.bottom(); ++row)
         std::memcpy(reinterpret_cast<QRgb*>(surface_.scanLine(row + shift.y())) + target,

@@ -14,7 +14,7 @@ namespace window {
 
 /// picIcon: a sunken frame with the rippling icon inside. One pass of the animation follows the
 /// other at the pace of a screen while the picture can be seen; while it can't, the water rests.
-class WaterSurface : public QFrame, public Unterwassereffekt::Flaeche {
+class WaterSurface final : public QFrame, public Unterwassereffekt::Flaeche {
     Q_OBJECT
 
 public:
