@@ -3,7 +3,6 @@
 #include "data.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <random>
@@ -15,9 +14,10 @@ namespace {
 constexpr std::size_t WriteBlock = 1 << 20;
 
 std::string fileOf(std::int64_t coups) {
-    const char* const folder = std::getenv("KESTRELWOOD_BENCH_DATA");
-    const std::string name = "permanenz-" + std::to_string(coups) + ".txt";
-    return std::filesystem::absolute(folder ? folder : ".") / name;
+    // Beside the program, wherever it is started from.
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "daten";
+    std::filesystem::create_directories(folder);
+    return folder / ("permanenz-" + std::to_string(coups) + ".txt");
 }
 
 /// Calls `use` with each number of the file of this length.

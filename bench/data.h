@@ -9,8 +9,8 @@
 
 namespace bench {
 
-/// A file as the program itself writes it. It is made where it isn't there yet, in the folder that
-/// the environment's KESTRELWOOD_BENCH_DATA names, or the current one.
+/// A file as the program itself writes it. It is made where it isn't there yet, in the folder
+/// "daten" beside the benchmark.
 struct Data {
     std::string file;
     std::int64_t coups = 0;

@@ -84,13 +84,18 @@ void Desk::loadInPart(const std::string& file, const std::function<void()>& ende
 }
 
 RunTimes Desk::draw(std::int64_t count) {
-    auto* const box = main_.findChild<QLineEdit*>(window::controlName(Name::Text, 0));
-    found(box, "count box").setText(QString::number(count));
     const RunTimes begin{threadSeconds(), wallSeconds()};
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
-    QApplication::sendEvent(box, &enter);
+    drawInPart(count, [] {});
     untilPainted();
     return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
+}
+
+void Desk::drawInPart(std::int64_t count, const std::function<void()>& ended) {
+    auto* const box = main_.findChild<QLineEdit*>(window::controlName(Name::Text, 0));
+    found(box, "count box").setText(QString::number(count));
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    QApplication::sendEvent(box, &enter);
+    ended();
 }
 
 void Desk::press(int button) {
@@ -134,7 +139,7 @@ void Desk::untilPainted() {
 }
 
 bool Desk::lastRowShown() const {
-    return main_.isEnabled() && view_->isEnabled() && view_->top() + view_->fullRows() >= rows();
+    return view_->isEnabled() && view_->top() + view_->fullRows() >= rows();
 }
 
 void atDesk(QApplication& application, const std::function<void(Desk&)>& script) {

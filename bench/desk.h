@@ -30,9 +30,10 @@ public:
     /// `answered` is called when the file has been chosen.
     RunTimes load(
         const std::string& file, const std::function<void()>& answered = [] {});
-    /// Starts a load that ends early; calls `ended` at the moment it has.
-    void loadInPart(const std::string& file, const std::function<void()>& ended);
     RunTimes draw(std::int64_t count);
+    /// The same for runs that end early; `ended` is called at the moment they have.
+    void loadInPart(const std::string& file, const std::function<void()>& ended);
+    void drawInPart(std::int64_t count, const std::function<void()>& ended);
     void press(int button); ///< 0 undo, 1 reset
     /// Serves events until `done`, frames included. False after 60 seconds.
     bool until(const std::function<bool()>& done);

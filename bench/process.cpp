@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -34,6 +35,16 @@ double seconds(const timeval& time) {
     ::_exit(127);
 }
 
+/// The command run by a small process that writes the command's peak in KiB to `report`. The system
+/// counts a process's peak from before it became the command, so one started from here would be
+/// said to be as large as this one.
+std::vector<std::string> measured(const std::vector<std::string>& command, int report) {
+    std::vector<std::string> all{"/usr/bin/time", "--quiet", "--format=%M",
+        "--output=/proc/self/fd/" + std::to_string(report)};
+    all.insert(all.end(), command.begin(), command.end());
+    return all;
+}
+
 std::string readAll(int descriptor) {
     std::string all;
     std::array<char, 4096> block{};
@@ -48,22 +59,26 @@ Outcome run(const std::vector<std::string>& command) {
     std::array<int, 2> pipe{};
     if (::pipe2(pipe.data(), O_CLOEXEC) != 0)
         return {};
+    const int report = ::memfd_create("peak", 0);
     const double begin = wallSeconds();
     const pid_t child = ::fork();
     if (child == 0)
-        become(command, pipe[1]);
+        become(measured(command, report), pipe[1]);
     ::close(pipe[1]);
     Outcome outcome;
     outcome.output = readAll(pipe[0]);
     ::close(pipe[0]);
     int status = 0;
     rusage usage{};
-    if (child < 0 || ::wait4(child, &status, 0, &usage) != child)
+    const bool ended = child >= 0 && ::wait4(child, &status, 0, &usage) == child;
+    const std::string peak = readAll(report);
+    ::close(report);
+    if (!ended)
         return outcome;
     outcome.good = WIFEXITED(status) && WEXITSTATUS(status) == 0;
     outcome.cpu = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     outcome.wall = wallSeconds() - begin;
-    outcome.peak = static_cast<double>(usage.ru_maxrss) / 1024;
+    outcome.peak = std::strtod(peak.c_str(), nullptr) / 1024;
     return outcome;
 }
 
