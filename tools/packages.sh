@@ -6,7 +6,8 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev qt6-tran
 test_packages="libgtest-dev desktop-file-utils appstream mandoc"
 check_packages="clang-format clang-tidy clang libclang-rt-14-dev"
 trial_packages="xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3-pyatspi
-    gir1.2-atspi-2.0 libbenchmark-dev llvm valgrind lintian sqlite3 mawk procps"
+    gir1.2-atspi-2.0 fonts-dejavu-core qt6-gtk-platformtheme llvm valgrind lintian file dpkg-dev
+    procps"
 
 # need PACKAGE...: installs those that aren't there, with sudo where that takes it.
 need() {

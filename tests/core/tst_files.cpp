@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Reading and writing permanence files, with everything that a file or a user can do to them.
 #include "files/meldungen.h"
+#include "files/schnelle_zeile.h"
 #include "files/zeilenleser.h"
 #include "progress/lauf.h"
 #include "support/stage.h"
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -102,6 +104,34 @@ TEST(Files, EveryKindOfLineAtEverySplit) {
     }
 }
 
+/// A line's number by either quick way, in a buffer long enough for them to look ahead.
+std::pair<unsigned, unsigned> quickly(std::string line) {
+    const std::size_t length = line.find('\n');
+    line.resize(line.size() + files::WordSize, '7');
+    return {files::Eigene_Zeile(line.data(), length), files::Uebliche_Zeile(line.data(), length)};
+}
+
+TEST(Files, QuickWaysKnowTheirLinesAndNoOthers) {
+    if constexpr (std::endian::native != std::endian::little)
+        GTEST_SKIP() << "every line takes the long way here";
+    constexpr unsigned Other = files::OtherLine;
+    for (unsigned number = 0; number <= 99; ++number)
+        for (const bool zeroBefore : {false, true}) {
+            const std::string digits
+                = (zeroBefore && number < 10 ? "0" : "") + std::to_string(number);
+            SCOPED_TRACE(digits);
+            EXPECT_EQ(quickly(" " + digits + " \r\n"), std::pair(number, number));
+            for (const auto& [before, behind] :
+                std::vector<std::pair<std::string, std::string>>{{"", ""}, {" ", ""}, {"", " "},
+                    {" ", " "}, {"", "\r"}, {" ", "\r"}, {"", " \r"}})
+                EXPECT_EQ(quickly(before + digits + behind + "\n"), std::pair(Other, number));
+        }
+    for (const std::string line : {"", " ", "\r", "x", "1x", "x1", "100", "1 2", "  1", "1  ", "-1",
+             " 1\r\r", " 10 \rx", "12345678", "       1", "1      \r"})
+        EXPECT_EQ(quickly(line + "\n"), std::pair(Other, Other)) << line;
+    EXPECT_EQ(quickly(std::string("1\0\n", 3)), std::pair(Other, Other));
+}
+
 TEST(Files, GoldenPermanences) {
     namespace fs = std::filesystem;
     const auto content = [](const fs::path& path) {
@@ -138,8 +168,10 @@ TEST(Files, SavedBytesAndRoundTrip) {
     EXPECT_EQ(stage.save(), "");
     stage.load(stage.save());
     EXPECT_EQ(stage.main.Coup, 0);
-    for (const int number : {17, 0, 36})
-        stage.click(number);
+    stage.click(17);
+    EXPECT_EQ(stage.save(), " 17 \r\n");
+    stage.click(0);
+    stage.click(36);
     EXPECT_EQ(stage.save(), " 17 \r\n 0 \r\n 36 \r\n");
     stage.draw("140000"); // more than one block, in bytes and in rows
     const auto all = numbers(stage.programm);

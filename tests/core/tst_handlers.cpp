@@ -100,11 +100,31 @@ TEST(Handlers, NothingGetsInDuringARun) {
     EXPECT_GE(looks, 5);
 }
 
+TEST(Handlers, UndoGoesBackToTheEmptyPermanenceAndNoFurther) {
+    Stage stage;
+    support::Reference reference;
+    for (const std::vector<int>& numbers : {std::vector{0, 36, 17}, std::vector{5, 6}}) {
+        for (const int number : numbers) {
+            stage.click(number);
+            reference.coup(number);
+            EXPECT_EQ(stage.main.Grid[0].ScrollRow().row, stage.main.Coup);
+        }
+        for (std::size_t i = 0; i <= numbers.size(); ++i) {
+            stage.undo();
+            reference.undo();
+            EXPECT_EQ(
+                support::difference(support::picture(stage.programm), reference.picture()), "");
+        }
+        EXPECT_EQ(stage.main.Coup, 0);
+    }
+}
+
 TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
     for (const bool byFamily : {true, false}) {
         Stage stage;
         stage.draw("9000");
         const auto numbers = support::numbers(stage.programm);
+        const auto refreshes = stage.main.Grid[0].Refreshes();
         const auto [coup, plein] = std::pair(stage.main.Coup, stage.main.Plein);
         stage.events = {};
         std::vector<std::string> shown;
@@ -113,6 +133,7 @@ TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
             shown.push_back(progress::Statustext(run.Lbl_Status));
             EXPECT_TRUE(run.Visible && !run.xpButton.Enabled);
             EXPECT_EQ(run.xpProgress.Max, 9000);
+            EXPECT_EQ(stage.main.Plein, numbers[static_cast<std::size_t>(stage.main.Coup) - 1]);
             EXPECT_EQ(stage.main.Enabled, !byFamily);
             Frm_Progressbar::xpButton_Click(stage.programm);
             EXPECT_EQ(run.Abbruch, 0);
@@ -121,6 +142,7 @@ TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
         EXPECT_EQ(stage.events.turns, 0);
         ASSERT_GE(shown.size(), 3U);
         EXPECT_EQ(shown.back(), " Status: Berechne 9000 / 9000 (100 %)");
+        EXPECT_GE(stage.main.Grid[0].Refreshes(), refreshes + shown.size());
         EXPECT_EQ(std::pair(stage.main.Coup, stage.main.Plein), std::pair(coup, plein));
         EXPECT_EQ(stage.main.FocusRequests, byFamily ? 2U : 1U);
         EXPECT_EQ(support::numbers(stage.programm), numbers);
@@ -190,9 +212,9 @@ TEST(Handlers, AnswersToTheMarkingPrompt) {
         {"1000.5", "1000"}, {"1000.6", "refused"}, {"1001", "refused"}, {"-1", "refused"},
         {"-0.5", "0"}, {"-0.6", "refused"}, {"99999999999", "refused"}, {"65536", "refused"},
         {"-65535", "refused"}, {std::string(400, '9'), "refused"}, {"abc", "0"}, {"", "0"},
-        {"2.5", "2"}, {"3.5", "4"}, {"2,9", "2"}, {"0x10", "0"}, {"inf", "0"}, {"nan", "0"},
-        {"1e3", "1"}, {"  7", "7"}, {"+8", "8"}, {"7 mal", "7"}, {".5", "0"}, {"1.", "1"},
-        {".", "0"}, {"-", "0"}, {"0." + std::string(400, '0') + "1", "0"}};
+        {"2.5", "2"}, {"2.51", "3"}, {"3.5", "4"}, {"2,9", "2"}, {"0x10", "0"}, {"inf", "0"},
+        {"nan", "0"}, {"1e3", "1"}, {"  7", "7"}, {"+8", "8"}, {"7 mal", "7"}, {".5", "0"},
+        {"1.", "1"}, {".", "0"}, {"-", "0"}, {"0." + std::string(400, '0') + "1", "0"}};
     for (const int box : {1, 2})
         for (const auto& [answer, wanted] : answers) {
             Stage stage;

@@ -42,6 +42,7 @@ TEST(Info, DeviceTypesByFileName) {
     EXPECT_EQ(Sound::Sound_Geraetetyp("avi", video), "");
     EXPECT_FALSE(video);
     EXPECT_EQ(Sound::Sound_Geraetetyp("lied.", video), "MPEGVideo");
+    EXPECT_EQ(Sound::Sound_Geraetetyp("/noten.mid/lied", video), "");
 }
 
 TEST(Info, ShowingPlaysFromTheBeginningAndOkStops) {

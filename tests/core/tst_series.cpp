@@ -88,14 +88,37 @@ TEST(Series, StatusTexts) {
     Stage stage;
     stage.draw("2");
     std::string shown;
-    stage.events.onTurn
-        = [&] { shown = progress::Statustext(stage.programm.Frm_Progressbar.Lbl_Status); };
+    stage.events.onTurn = [&] {
+        const forms::ProgressForm& run = stage.programm.Frm_Progressbar;
+        shown = progress::Statustext(run.Lbl_Status);
+        EXPECT_EQ(run.xpProgress.Value, static_cast<double>(run.Lbl_Status.schritt));
+    };
     stage.draw("3");
     EXPECT_EQ(shown, " Status: Berechne 5 / 3 (100 %)");
     stage.events.onTurn = [&] { EXPECT_EQ(stage.main.Enabled, false); };
     stage.draw("9000");
     EXPECT_EQ(stage.programm.Frm_Progressbar.Lbl_Status.schritt, 0) << "the next run starts empty";
     EXPECT_EQ(stage.programm.Frm_Progressbar.xpProgress.Max, 0);
+}
+
+TEST(Series, TurnsComeEightMillisecondsAfterTheEndOfTheLastOne) {
+    Stage stage;
+    stage.clock.step = {};
+    stage.events.onTurn = stage.events.onPaint
+        = [&] { stage.clock.time += std::chrono::milliseconds(100); };
+    progress::Pace pace(stage.platform);
+    for (const int turns : {1, 2}) {
+        stage.clock.time += std::chrono::nanoseconds(7'999'999);
+        pace.paint();
+        EXPECT_FALSE(pace.turn());
+        EXPECT_EQ(stage.events.paints, turns - 1);
+        stage.clock.time += std::chrono::nanoseconds(1);
+        EXPECT_TRUE(pace.turn());
+        EXPECT_FALSE(pace.turn());
+        stage.clock.time += std::chrono::milliseconds(8);
+        pace.paint();
+        EXPECT_EQ(std::pair(stage.events.turns, stage.events.paints), std::pair(turns, turns));
+    }
 }
 
 TEST(Series, ADrawsFloatBecomesANumber) {

@@ -212,7 +212,8 @@ TEST(Walk, ReadyMadeRowsEqualSingleWrites) {
 TEST(Walk, ReadyMadeRowsDontOutliveASweep) {
     Stage stage;
     Reference reference;
-    for (int round = 0; round < 3; ++round) {
+    // A sweep of one grid says nothing of the other.
+    for (const auto& swept : std::vector<std::vector<std::size_t>>{{0, 1}, {1}, {0}}) {
         for (const int number : {5, 0, 6}) {
             stage.click(number);
             reference.coup(number);
@@ -222,9 +223,10 @@ TEST(Walk, ReadyMadeRowsDontOutliveASweep) {
         for (int i = 0; i < 600; ++i)
             for (std::size_t row = 0; row < reference.coups.size(); ++row) {
                 const std::string text = std::to_string(i) + "-" + std::to_string(row);
-                for (const std::size_t grid : {0U, 1U})
+                for (const std::size_t grid : swept) {
                     stage.main.Grid[grid].Row(static_cast<std::int64_t>(row) + 1).Cell(5, text);
-                reference.view[row].text[5] = reference.store[row].text[5] = text;
+                    (grid == 0 ? reference.view : reference.store)[row].text[5] = text;
+                }
             }
     }
     // A coup placed once more on a scribbled row is no model for the next coup of its number.

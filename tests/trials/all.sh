@@ -56,6 +56,7 @@ else
     trial ./clicks.py 10000 "$seed"
     trial ./closing.py 100 "$seed"
     TRIAL_PRESET=dev trial ./closing.py 100 "$seed"
+    trial ./memcheck.sh
     trial ./coverage.py
     trial ./mutate.py --count 300 --seed "$seed"
     trial "$home/fuzz/run" 100000000
