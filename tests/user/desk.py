@@ -120,6 +120,9 @@ class Screen:
         os.close(writer)
         with os.fdopen(reader) as told:
             os.environ["DISPLAY"] = ":" + told.readline().strip()
+        # Umlauts as keys of their own: a tool that has to change the keyboard for each of them
+        # loses some on a busy machine.
+        subprocess.run(["setxkbmap", "de"], check=True)
         if manager:
             spawn(*manager, stdout=subprocess.DEVNULL,
                   stderr=subprocess.DEVNULL)

@@ -193,6 +193,13 @@ def draw(walk):
     wait(lambda: program.rows() == 12, "12 coups to work with")
 
 
+def answer(walk, text):
+    """Types into what has the focus and confirms it once all of it has arrived."""
+    type_text(text)
+    wait(lambda: walk.program.text(walk.program.focused()) == text, f"“{text}” in the box")
+    leave(walk, "Return")
+
+
 def in_dialog(walk, title):
     wait(lambda: walk.program.active() == walk.program.dialog(title), f"“{title}” in front")
     return walk.program.active()
@@ -214,8 +221,7 @@ def files(walk):
     check(os.listdir(folder).count("zwölf.txt") == 0, "leaving the dialog writes nothing")
     keys("alt+d", "s")
     in_dialog(walk, "Permanenz speichern")
-    type_text(name)
-    leave(walk, "Return")
+    answer(walk, name)
     with open(name, "rb") as file:
         lines = file.read().split(b"\r\n")
     check(len(lines) == 13 and lines[-1] == b"", f"12 lines are written: {lines}")
@@ -231,8 +237,7 @@ def files(walk):
     keys("alt+l")
     in_dialog(walk, "Permanenz laden")
     keys("ctrl+a")
-    type_text(name)
-    leave(walk, "Return")
+    answer(walk, name)
     wait(lambda: program.rows() == 12, "12 coups loaded")
     check([program.row(index) for index in range(12)] == rows, "the rows are those of before")
 
@@ -276,8 +281,7 @@ def marking(walk):
     walk.go(EXACT)
     keys("space")
     in_dialog(walk, "Pleins genau markieren!")
-    type_text("0")
-    leave(walk, "Return")
+    answer(walk, "0")
     wait(lambda: program.text(program.focused()) == "0", "the count in its box")
     marked = [number for number, node in enumerate(program.tableau[1])
               if "markiert" in node.description]
