@@ -64,7 +64,7 @@ TEST_F(WindowsTest, TheSplashStaysForThreeTicksWhateverTheUserDoes) {
     QTest::keyClick(&splash, Qt::Key_Escape);
     EXPECT_TRUE(splash.isVisible());
     EXPECT_EQ(stage.programm.Frm_Start.Ticks, 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.main.Visible; }, 4000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.main.Visible; }, 20000));
     EXPECT_EQ(stage.programm.Frm_Start.Ticks, 3);
     splash.refresh();
     EXPECT_FALSE(splash.isVisible());
