@@ -174,8 +174,12 @@ TEST(Memory, ALimitEndsARunWithAMessage) {
             stage.files.content["d"] = text;
             stage.dialogs.chosen = "d";
             stage.main.Text[0].Text = "1000000";
-            if (kilobytes >= 700) // a real box needs memory too
-                stage.dialogs.onMessage = [] { std::vector<char>(1 << 19).at(0) = 1; };
+            std::int64_t seen = 0; // on the progress dialog behind the message
+            stage.dialogs.onMessage = [&] {
+                seen = stage.programm.Frm_Progressbar.Lbl_Status.schritt;
+                if (kilobytes >= 700) // a real box needs memory too
+                    std::vector<char>(1 << 19).at(0) = 1;
+            };
             failed = false;
             room = 1024 * kilobytes;
             if (load)
@@ -186,6 +190,7 @@ TEST(Memory, ALimitEndsARunWithAMessage) {
             ASSERT_TRUE(failed);
             ASSERT_EQ(stage.dialogs.messages.size(), 1U);
             EXPECT_TRUE(stage.main.Enabled && !stage.programm.Frm_Progressbar.Visible);
+            EXPECT_EQ(seen, stage.main.Coup - 1);
             EXPECT_EQ(stage.main.Grid[0].RowCount(), stage.main.Coup);
             EXPECT_EQ(stage.main.Grid[1].RowCount(), stage.main.Coup);
         }
