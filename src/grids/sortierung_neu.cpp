@@ -23,6 +23,24 @@ struct Ergebnis {
     PatternId nachher = 0;
 };
 
+/// Gives rows their new marks as long as the result is known; `numbers` tells the pattern of each
+/// row's number, and `bekannt` is long enough for all of them. How many rows it did.
+template <class Id, class Number>
+std::size_t neueMarken(
+    std::span<Id> ids, std::span<const Number> numbers, std::span<const Ergebnis> bekannt) {
+    // Nearly all rows of a re-sort go this way; by fours they take a tenth less time.
+    const std::size_t count = ids.size();
+    std::size_t i = 0;
+#pragma GCC unroll 4
+    for (; i < count; ++i) {
+        const Ergebnis& ergebnis = bekannt[numbers[i]];
+        if (ergebnis.vorher != ids[i])
+            break;
+        ids[i] = static_cast<Id>(ergebnis.nachher);
+    }
+    return i;
+}
+
 /// Re-sorts rows one by one where it must, and by what it did before where it can.
 class Umsortierung {
 public:
@@ -56,16 +74,7 @@ private:
                 const auto numbers = store.run(row - 1);
                 const auto most = static_cast<std::size_t>(bis - row + 1);
                 const std::size_t count = std::min({ids.size(), numbers.size(), most});
-                // A span of its own, or every row written might have moved the vector.
-                const std::span<const Ergebnis> bekannt(bekannt_);
-                std::size_t i = 0;
-                for (; i < count; ++i) {
-                    const Ergebnis& ergebnis = bekannt[numbers[i]];
-                    if (ergebnis.vorher != ids[i])
-                        break;
-                    ids[i]
-                        = static_cast<std::remove_reference_t<decltype(ids[i])>>(ergebnis.nachher);
-                }
+                const std::size_t i = neueMarken(ids.first(count), numbers.first(count), bekannt_);
                 // At the end of a chunk the caller's single row leads over to the next one.
                 return row + static_cast<std::int64_t>(i);
             });

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The grid model by itself: any history of writes reads back, however many different rows there
 // are.
+#include "controls/chunked.h"
 #include "controls/grid.h"
+#include "controls/pattern_table.h"
 
 #include <gtest/gtest.h>
 
@@ -81,6 +83,37 @@ TEST(Grid, UnusedPatternsAreSweptAndTheirNumbersUsedAgain) {
             ASSERT_EQ(grid.Row(static_cast<std::int64_t>(r) + 1).Cell(3), wanted[r]) << i;
     }
     EXPECT_EQ(grid.Ids().capacity(), 255U) << "100 different rows fit one byte each";
+}
+
+TEST(Grid, ANumberIsFreedOnceHoweverOftenIsSwept) {
+    controls::PatternTable table;
+    controls::RowPattern pattern;
+    const auto add = [&](const char* text) {
+        pattern.Cell(2, text);
+        return table.add(pattern);
+    };
+    const controls::PatternId dropped = add("a");
+    const controls::PatternId kept = add("b");
+    for (int sweep = 0; sweep < 2; ++sweep)
+        table.keep({0, 1});
+    EXPECT_EQ(add("c"), dropped);
+    EXPECT_EQ(add("d"), 2U);
+    EXPECT_EQ(table[dropped].Cell(2), "c");
+    EXPECT_EQ(table[kept].Cell(2), "b");
+}
+
+TEST(Grid, ChunksKeepTheirValuesWhileTheLastOnesGo) {
+    controls::Chunked<std::uint8_t> values;
+    constexpr std::int64_t Size = 4 * controls::Chunked<std::uint8_t>::ChunkSize + 1;
+    const auto wanted = [](std::int64_t i) { return static_cast<std::uint8_t>(i * 31 >> 8); };
+    for (const std::int64_t left : {Size, Size - 1, Size / 2, std::int64_t{0}, std::int64_t{1}}) {
+        while (values.size() < left)
+            values.push_back(wanted(values.size()));
+        while (values.size() > left)
+            values.pop_back();
+        for (std::int64_t i = 0; i < left; ++i)
+            ASSERT_EQ(values[i], wanted(i)) << i << " of " << left;
+    }
 }
 
 } // namespace

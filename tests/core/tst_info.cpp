@@ -105,6 +105,7 @@ TEST(Info, TheWayToTheSystemInformation) {
         if (c.file)
             stage.files.content["C:\\Info\\MSINFO32.EXE"] = "";
         stage.processes.canStart = c.canStart;
+        stage.main.InHandler = c.path; // also beside a run
         Frm_Info::cmdSysInfo_Click(stage.programm, stage.platform);
         EXPECT_EQ(stage.processes.started,
             c.started.empty() ? std::vector<std::string>() : std::vector{c.started});
@@ -164,6 +165,11 @@ TEST(Info, TheWaterFollowsItsFormula) {
             ASSERT_TRUE((i > 0 || copy.x == 0) && (j > 0 || copy.y == 0)) << "the edges stay";
         }
     }
+    surface.width = 80; // smaller than what the field was made for
+    surface.height = 40;
+    surface.copies.clear();
+    Unterwassereffekt::Wasser_Animieren(stage.programm, stage.clock, surface);
+    EXPECT_EQ(surface.copies.size(), 21U * 11U);
     // Lengths in pixels that fall between two cells: halves to the even neighbour.
     for (const auto& [pixels, cells] :
         std::vector<std::pair<int, int>>{{146, 37}, {150, 39}, {145, 37}, {151, 39}, {148, 38}}) {

@@ -3,6 +3,7 @@
 // draws are as good as a wheel's.
 #include "files/zufall.h"
 #include "progress/lauf.h"
+#include "stats/zahlentext.h"
 #include "support/stage.h"
 
 #include <gtest/gtest.h>
@@ -65,6 +66,7 @@ TEST(Series, HowMuchIsDrawn) {
     EXPECT_EQ(stage.events.turns, 1);
     EXPECT_TRUE(stage.main.Coup > 0 && stage.main.Coup < 100'000);
     EXPECT_EQ(stage.programm.Frm_Progressbar.Abbruch, 0);
+    EXPECT_EQ(stats::Zahl_am_Anfang(std::string_view("1234", 2)), 12) << "behind the text's end";
 }
 
 TEST(Series, StatusTexts) {

@@ -2,6 +2,7 @@
 // The program's tables against what is known of a roulette table and of the window's plan.
 #include "chances/familien.h"
 #include "forms/plan.h"
+#include "grids/familientabelle.h"
 #include "stats/m_chancen.h"
 #include "support/reference.h"
 #include "support/stage.h"
@@ -53,6 +54,11 @@ TEST(Tables, CountersByTheirNames) {
     EXPECT_EQ(M_Chancen::Anz_TVP(p, 14), wanted("TVP", 14));
     EXPECT_EQ(M_Chancen::Anz_Plein(p, 36), 37);
     EXPECT_EQ(M_Chancen::Anz_Gefallen(p), 37);
+}
+
+TEST(Tables, AnEntryThatIsNoneHasNoFamily) {
+    for (int entry = -1; entry <= 7; ++entry)
+        EXPECT_EQ(grids::familie(entry) != nullptr, entry >= 0 && entry <= 6) << entry;
 }
 
 TEST(Tables, StartOfTheProgram) {
