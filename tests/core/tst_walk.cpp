@@ -209,12 +209,34 @@ TEST(Walk, ReadyMadeRowsEqualSingleWrites) {
         }
 }
 
+TEST(Walk, ReadyMadeRowsGoWithFamilyAndMode) {
+    Stage stage;
+    Reference reference;
+    for (int entry = 0; entry < 7; ++entry) {
+        stage.family(entry);
+        reference.choose(entry);
+        for (int change = 0; change < 2; ++change) {
+            for (const int number : {0, 17, 36, 36}) {
+                stage.click(number);
+                reference.coup(number);
+            }
+            stage.check(0);
+            reference.toggleCodes();
+            stage.click(36);
+            reference.coup(36);
+            ASSERT_EQ(
+                support::difference(support::picture(stage.programm), reference.picture()), "")
+                << "family " << entry;
+        }
+    }
+}
+
 TEST(Walk, ReadyMadeRowsDontOutliveASweep) {
     Stage stage;
     Reference reference;
     // A sweep of one grid says nothing of the other.
     for (const auto& swept : std::vector<std::vector<std::size_t>>{{0, 1}, {1}, {0}}) {
-        for (const int number : {5, 0, 6}) {
+        for (const int number : {5, 0, 6, 5}) {
             stage.click(number);
             reference.coup(number);
         }
