@@ -2,7 +2,7 @@
 // What the work costs with nothing around it. As quick as we can write it, free of portability.
 #include "bare_loops.h"
 
-#include "files/zufall.h"
+#include "files/random.h"
 
 #include <algorithm>
 #include <array>
@@ -182,8 +182,8 @@ Bare bareDraw(std::int64_t count) {
     std::uint64_t state = 0;
     for (std::int64_t i = 0; i < count; ++i) {
         store.room(1);
-        Zufall::Saeen(state, std::chrono::steady_clock::now().time_since_epoch());
-        const auto value = static_cast<unsigned>(Zufall::Zahl(Zufall::Ziehen(state)));
+        files::seed(state, std::chrono::steady_clock::now().time_since_epoch());
+        const auto value = static_cast<unsigned>(files::numberOf(files::draw(state)));
         store.add(value);
         ++counts[value];
     }

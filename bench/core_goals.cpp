@@ -64,7 +64,7 @@ void draw(Report& report, std::int64_t coups) {
 std::int64_t filled(const controls::Grid& view, int column) {
     std::int64_t rows = 0;
     for (std::int64_t row = 1; row <= view.RowCount(); ++row)
-        rows += view.Pattern(view.PatternOf(row)).Cell(column).empty() ? 0 : 1;
+        rows += view.pattern(view.patternOf(row)).Cell(column).empty() ? 0 : 1;
     return rows;
 }
 

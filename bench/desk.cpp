@@ -3,7 +3,7 @@
 #include "desk.h"
 
 #include "harness.h"
-#include "window/control_names.h"
+#include "look/control_names.h"
 
 #include <QEventLoop>
 #include <QFileDialog>
@@ -91,7 +91,7 @@ RunTimes Desk::draw(std::int64_t count) {
 }
 
 void Desk::drawInPart(std::int64_t count, const std::function<void()>& ended) {
-    auto* const box = main_.findChild<QLineEdit*>(window::controlName(Name::Text, 0));
+    auto* const box = main_.findChild<QLineEdit*>(look::controlName(Name::Text, 0));
     found(box, "count box").setText(QString::number(count));
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
     QApplication::sendEvent(box, &enter);
@@ -99,7 +99,7 @@ void Desk::drawInPart(std::int64_t count, const std::function<void()>& ended) {
 }
 
 void Desk::press(int button) {
-    const QString name = window::controlName(Name::xpButton, button);
+    const QString name = look::controlName(Name::xpButton, button);
     found(main_.findChild<QPushButton*>(name), "button").click();
 }
 

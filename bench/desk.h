@@ -4,8 +4,8 @@
 
 #include "bare_loops.h"
 #include "window/application.h"
-#include "window/grid_view.h"
-#include "window/tableau_view.h"
+#include "window/grid/grid_view.h"
+#include "window/tableau/tableau_view.h"
 
 #include <QApplication>
 

@@ -4,7 +4,7 @@
 
 #include "data.h"
 #include "stage.h"
-#include "window/grid_view.h"
+#include "window/grid/grid_view.h"
 
 #include <QCoreApplication>
 

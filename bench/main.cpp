@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Runs the benchmark, or one of the processes that it is made of.
 #include "goals.h"
+#include "look/style.h"
 #include "process.h"
-#include "window/style.h"
 
 #include <QApplication>
 
@@ -70,7 +70,7 @@ int main(int argc, char* argv[]) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("kestrelwood"));
-    window::applyStyle(application);
+    look::applyStyle(application);
     if (mode == "--laden")
         return bench::loadOnce(application, argument);
     if (mode == "--tabelle")

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "bare_loops.h"
+#include "desktop/linux/clock.h"
+#include "desktop/linux/files.h"
 #include "shell/handlers.h"
-#include "stats/m_chancen.h"
-#include "window/clock.h"
-#include "window/files.h"
+#include "stats/counters.h"
 
 #include <string>
 
@@ -57,53 +57,53 @@ struct NoProcesses final : platform::Processes {
 /// A started program and what a user does with it.
 class Stage {
 public:
-    Stage() { Frm_Main::Form_Load(programm); }
+    Stage() { Frm_Main::Form_Load(program); }
 
-    void click(int number) { Frm_Main::xpLabel_Tableau_Click(programm, platform_, number); }
-    void undo() { Frm_Main::xpButton_Click(programm, platform_, 0); }
-    void reset() { Frm_Main::xpButton_Click(programm, platform_, 1); }
+    void click(int number) { Frm_Main::xpLabel_Tableau_Click(program, platform_, number); }
+    void undo() { Frm_Main::xpButton_Click(program, platform_, 0); }
+    void reset() { Frm_Main::xpButton_Click(program, platform_, 1); }
     void load(const std::string& file) {
         dialogs_.name = file;
-        Frm_Main::xpButton_Click(programm, platform_, 2);
+        Frm_Main::xpButton_Click(program, platform_, 2);
     }
     void save(const std::string& file) {
         dialogs_.name = file;
-        Frm_Main::xpButton_Click(programm, platform_, 3);
+        Frm_Main::xpButton_Click(program, platform_, 3);
     }
     void draw(std::int64_t count) {
-        Frm_Main::Text_Change(programm, 0, std::to_string(count));
+        Frm_Main::Text_Change(program, 0, std::to_string(count));
         std::int16_t enter = 13;
-        Frm_Main::Text_KeyPress(programm, platform_, 0, enter);
+        Frm_Main::Text_KeyPress(program, platform_, 0, enter);
     }
-    void family(int entry) { Frm_Main::xpCombo_Click(programm, platform_, entry); }
+    void family(int entry) { Frm_Main::xpCombo_Click(program, platform_, entry); }
 
-    const controls::Grid& view() const { return programm.Frm_Main.Grid[0]; }
+    const controls::Grid& view() const { return program.Frm_Main.Grid[0]; }
     int messages() const { return dialogs_.messages; }
 
     /// What the counters say.
     Counts counters() const {
         Counts counts;
         for (int number = 0; number < 37; ++number)
-            counts.push_back(M_Chancen::Anz_Plein(programm, number));
+            counts.push_back(M_Chancen::Anz_Plein(program, number));
         return counts;
     }
     /// What the rows of the store say.
     Counts recount() const {
         Counts counts(37);
-        const controls::Grid& store = programm.Frm_Main.Grid[1];
+        const controls::Grid& store = program.Frm_Main.Grid[1];
         for (std::int64_t row = 1; row <= store.RowCount(); ++row)
             ++counts[static_cast<std::size_t>(
-                std::stoi(std::string(store.Pattern(store.PatternOf(row)).Cell(2))))];
+                std::stoi(std::string(store.pattern(store.patternOf(row)).Cell(2))))];
         return counts;
     }
 
-    forms::Programm programm;
+    forms::Program program;
 
 private:
     NoEvents events_;
     OneFile dialogs_;
-    window::Files files_;
-    window::Clock clock_;
+    desktop::Files files_;
+    desktop::Clock clock_;
     NoMedia media_;
     NoRegistry registry_;
     NoProcesses processes_;

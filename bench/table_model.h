@@ -3,7 +3,7 @@
 #pragma once
 
 #include "controls/grid.h"
-#include "window/style.h"
+#include "look/style.h"
 
 #include <QAbstractTableModel>
 #include <QBrush>
@@ -25,20 +25,20 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
             return {};
-        return window::toText(grid_.Column(section + 1).Caption);
+        return look::toText(grid_.Column(section + 1).Caption);
     }
     QVariant data(const QModelIndex& index, int role) const override {
         ++asked_;
         const std::int64_t row = index.row() + 1;
         const int column = index.column() + 1;
-        const controls::RowPattern& pattern = grid_.Pattern(grid_.PatternOf(row));
+        const controls::RowPattern& pattern = grid_.pattern(grid_.patternOf(row));
         if (role == Qt::DisplayRole)
-            return column == 1 ? QString::number(row) : window::toText(pattern.Cell(column));
+            return column == 1 ? QString::number(row) : look::toText(pattern.Cell(column));
         if (role == Qt::TextAlignmentRole)
             return static_cast<int>(column == 1 ? Qt::AlignLeft : Qt::AlignHCenter)
                 | static_cast<int>(Qt::AlignVCenter);
         if (const auto color = pattern.CellColor(column); role == Qt::BackgroundRole && color)
-            return QBrush(window::toColor(*color));
+            return QBrush(look::toColor(*color));
         return {};
     }
 

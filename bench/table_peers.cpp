@@ -3,9 +3,9 @@
 // nothing better.
 #include "data.h"
 #include "goals.h"
+#include "look/style.h"
 #include "process.h"
 #include "stage.h"
-#include "window/style.h"
 
 #include <QHeaderView>
 #include <QTableWidget>
@@ -24,16 +24,16 @@ int fillTableWidget(const std::string& file) {
     table.verticalHeader()->hide();
     std::int64_t items = 0;
     for (int row = 0; row < table.rowCount(); ++row) {
-        const controls::RowPattern& pattern = view.Pattern(view.PatternOf(row + 1));
+        const controls::RowPattern& pattern = view.pattern(view.patternOf(row + 1));
         for (int column = 0; column < columns; ++column) {
             const auto color = pattern.CellColor(column + 1);
             const std::string_view text = pattern.Cell(column + 1);
             if (column > 0 && text.empty() && !color)
                 continue;
-            auto* item = new QTableWidgetItem(
-                column == 0 ? QString::number(row + 1) : window::toText(text));
+            auto* item
+                = new QTableWidgetItem(column == 0 ? QString::number(row + 1) : look::toText(text));
             if (color)
-                item->setBackground(window::toColor(*color));
+                item->setBackground(look::toColor(*color));
             table.setItem(row, column, item);
             ++items;
         }

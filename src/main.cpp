@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Starts the program.
+#include "look/style.h"
 #include "window/application.h"
-#include "window/style.h"
 
 #include <QApplication>
 
@@ -10,6 +10,6 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("kestrelwood"));
     QApplication::setApplicationVersion(QStringLiteral(KESTRELWOOD_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral(KESTRELWOOD_ID));
-    window::applyStyle(application);
+    look::applyStyle(application);
     return window::Application(KESTRELWOOD_VERSION).run();
 }

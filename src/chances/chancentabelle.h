@@ -19,11 +19,11 @@ enum Column {
     PasseManque = 4,
     Kolonne = 5,
     Dutzend = 6,
-    TvsErste = 7,
-    TvsZweite = 8,
-    TvpErste = 9,
-    TvpDreizehn = 10,
-    TvpVierzehn = 11,
+    TvsFirst = 7,
+    TvsSecond = 8,
+    TvpFirst = 9,
+    TvpThirteen = 10,
+    TvpFourteen = 11,
 };
 
 using Row = std::array<std::string_view, ColumnCount>;

@@ -7,42 +7,42 @@
 namespace controls {
 
 std::string Grid::ConstRowRef::Cell(int column) const {
-    const RowPattern& pattern = grid_.Pattern(grid_.PatternOf(row_));
-    if (column == 1 && pattern.Serial())
+    const RowPattern& pattern = grid_.pattern(grid_.patternOf(row_));
+    if (column == 1 && pattern.serial())
         return std::to_string(row_);
     return std::string(pattern.Cell(column));
 }
 
 std::optional<Color> Grid::ConstRowRef::CellColor(int column) const {
-    return grid_.Pattern(grid_.PatternOf(row_)).CellColor(column);
+    return grid_.pattern(grid_.patternOf(row_)).CellColor(column);
 }
 
 std::optional<Color> Grid::ConstRowRef::RowColor() const {
-    return grid_.Pattern(grid_.PatternOf(row_)).RowColor();
+    return grid_.pattern(grid_.patternOf(row_)).RowColor();
 }
 
 void Grid::RowRef::Cell(int column, std::string_view text) {
-    RowPattern pattern = grid_.Pattern(grid_.PatternOf(row_));
+    RowPattern pattern = grid_.pattern(grid_.patternOf(row_));
     if (column == 1 && text == std::to_string(row_))
-        pattern.Serial(true);
+        pattern.serial(true);
     else
         pattern.Cell(column, text);
-    const PatternId id = grid_.Intern(pattern);
-    grid_.SetPattern(row_, id);
+    const PatternId id = grid_.intern(pattern);
+    grid_.setPattern(row_, id);
 }
 
 void Grid::RowRef::CellColor(int column, Color color) {
-    RowPattern pattern = grid_.Pattern(grid_.PatternOf(row_));
+    RowPattern pattern = grid_.pattern(grid_.patternOf(row_));
     pattern.CellColor(column, color);
-    const PatternId id = grid_.Intern(pattern);
-    grid_.SetPattern(row_, id);
+    const PatternId id = grid_.intern(pattern);
+    grid_.setPattern(row_, id);
 }
 
 void Grid::RowRef::RowColor(Color color) {
-    RowPattern pattern = grid_.Pattern(grid_.PatternOf(row_));
+    RowPattern pattern = grid_.pattern(grid_.patternOf(row_));
     pattern.RowColor(color);
-    const PatternId id = grid_.Intern(pattern);
-    grid_.SetPattern(row_, id);
+    const PatternId id = grid_.intern(pattern);
+    grid_.setPattern(row_, id);
 }
 
 void Grid::AddColumn(
@@ -53,7 +53,7 @@ void Grid::AddColumn(
 void Grid::AddRow(std::string_view text) {
     RowPattern pattern;
     if (text == std::to_string(RowCount() + 1))
-        pattern.Serial(true);
+        pattern.serial(true);
     else
         pattern.Cell(1, text);
     AddRow(pattern);
@@ -71,7 +71,7 @@ void Grid::Clear() {
     ++generation_;
 }
 
-PatternId Grid::Intern(const RowPattern& pattern) {
+PatternId Grid::intern(const RowPattern& pattern) {
     if (const auto id = patterns_.find(pattern))
         return *id;
     if (patterns_.next() > ids_.capacity()) {

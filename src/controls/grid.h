@@ -76,7 +76,7 @@ public:
     /// Appends a bare row with `text` in column 1.
     void AddRow(std::string_view text);
     /// Appends a row that looks like `pattern`.
-    void AddRow(const RowPattern& pattern) { AddPattern(Intern(pattern)); }
+    void AddRow(const RowPattern& pattern) { addPattern(intern(pattern)); }
     /// Takes the last row off; `row` is its number, and no other row can be removed.
     void RemoveRow(std::int64_t row);
     /// Takes all rows off. Columns with their captions and widths stay.
@@ -93,23 +93,23 @@ public:
     void ScrollRow(std::int64_t row) { scroll_ = {row, scroll_.count + 1}; }
     const ScrollRequest& ScrollRow() const { return scroll_; }
     void Refresh() { ++refreshes_; }
-    std::uint64_t Refreshes() const { return refreshes_; }
+    std::uint64_t refreshes() const { return refreshes_; }
 
-    // Ready-made rows. A pattern's number stays valid as long as Generation() stays the same.
+    // Ready-made rows. A pattern's number stays valid as long as generation() stays the same.
 
     /// The number of a pattern with this content. It may drop patterns that no row uses, so the
     /// number has to be used for a row before the next call.
-    PatternId Intern(const RowPattern& pattern);
-    const RowPattern& Pattern(PatternId id) const { return patterns_[id]; }
-    PatternId PatternOf(std::int64_t row) const { return ids_[row - 1]; }
-    std::uint64_t Generation() const { return generation_; }
-    std::size_t PatternCount() const { return patterns_.live(); }
+    PatternId intern(const RowPattern& pattern);
+    const RowPattern& pattern(PatternId id) const { return patterns_[id]; }
+    PatternId patternOf(std::int64_t row) const { return ids_[row - 1]; }
+    std::uint64_t generation() const { return generation_; }
+    std::size_t patternCount() const { return patterns_.live(); }
     /// The numbers of all patterns lie below this.
-    std::size_t PatternNumbers() const { return patterns_.size(); }
-    void AddPattern(PatternId id) { ids_.push_back(id); }
-    void SetPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
-    RowIds& Ids() { return ids_; }
-    const RowIds& Ids() const { return ids_; }
+    std::size_t patternNumbers() const { return patterns_.size(); }
+    void addPattern(PatternId id) { ids_.push_back(id); }
+    void setPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
+    RowIds& ids() { return ids_; }
+    const RowIds& ids() const { return ids_; }
 
 private:
     void dropUnused();

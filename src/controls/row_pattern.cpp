@@ -39,7 +39,7 @@ void RowPattern::CellColor(int column, Color color) {
     colors_[place(column)] = color;
 }
 
-void RowPattern::Serial(bool serial) {
+void RowPattern::serial(bool serial) {
     Cell(1, "");
     serial_ = serial;
 }

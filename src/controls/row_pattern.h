@@ -30,8 +30,8 @@ public:
 
     /// Whether cell 1 stands for the row's own number. Then the text isn't kept, which is what
     /// lets rows share a pattern.
-    bool Serial() const { return serial_; }
-    void Serial(bool serial);
+    bool serial() const { return serial_; }
+    void serial(bool serial);
 
     // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 takes <=> for a null pointer
     friend auto operator<=>(const RowPattern&, const RowPattern&) = default;

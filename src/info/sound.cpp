@@ -9,35 +9,35 @@ namespace Sound {
 
 namespace {
 
-struct Geraet {
-    std::string_view endung;
-    std::string_view typ;
+struct Device {
+    std::string_view extension;
+    std::string_view type;
     bool video;
 };
 
-constexpr std::array Geraete{
-    Geraet{"mid", "Sequencer", false},
-    Geraet{"midi", "Sequencer", false},
-    Geraet{"rmi", "Sequencer", false},
-    Geraet{"wav", "waveaudio", false},
-    Geraet{"cda", "CDAudio", false},
-    Geraet{"aif", "MPEGVideo", false},
-    Geraet{"aifc", "MPEGVideo", false},
-    Geraet{"aiff", "MPEGVideo", false},
-    Geraet{"au", "MPEGVideo", false},
-    Geraet{"mp3", "MPEGVideo", false},
-    Geraet{"snd", "MPEGVideo", false},
-    Geraet{"wma", "MPEGVideo2", false},
-    Geraet{"mpeg", "MPEGVideo", true},
-    Geraet{"mpg", "MPEGVideo", true},
-    Geraet{"m1v", "MPEGVideo", true},
-    Geraet{"mp2", "MPEGVideo", true},
-    Geraet{"mpa", "MPEGVideo", true},
-    Geraet{"mpe", "MPEGVideo", true},
-    Geraet{"avi", "AVIVideo", true},
-    Geraet{"wmv", "MPEGVideo2", true},
+constexpr std::array Devices{
+    Device{"mid", "Sequencer", false},
+    Device{"midi", "Sequencer", false},
+    Device{"rmi", "Sequencer", false},
+    Device{"wav", "waveaudio", false},
+    Device{"cda", "CDAudio", false},
+    Device{"aif", "MPEGVideo", false},
+    Device{"aifc", "MPEGVideo", false},
+    Device{"aiff", "MPEGVideo", false},
+    Device{"au", "MPEGVideo", false},
+    Device{"mp3", "MPEGVideo", false},
+    Device{"snd", "MPEGVideo", false},
+    Device{"wma", "MPEGVideo2", false},
+    Device{"mpeg", "MPEGVideo", true},
+    Device{"mpg", "MPEGVideo", true},
+    Device{"m1v", "MPEGVideo", true},
+    Device{"mp2", "MPEGVideo", true},
+    Device{"mpa", "MPEGVideo", true},
+    Device{"mpe", "MPEGVideo", true},
+    Device{"avi", "AVIVideo", true},
+    Device{"wmv", "MPEGVideo2", true},
 };
-constexpr std::string_view AndereEndung = "MPEGVideo";
+constexpr std::string_view OtherExtension = "MPEGVideo";
 
 } // namespace
 
@@ -47,16 +47,16 @@ std::string Sound_Geraetetyp(std::string_view Datei, bool& IstVideo) {
     const std::size_t dot = Datei.rfind('.');
     if (dot == std::string_view::npos)
         return {};
-    std::string endung(Datei.substr(dot + 1));
-    for (char& c : endung)
+    std::string extension(Datei.substr(dot + 1));
+    for (char& c : extension)
         if (c >= 'A' && c <= 'Z')
             c = static_cast<char>(c - 'A' + 'a');
-    const auto* const found = std::find_if(Geraete.begin(), Geraete.end(),
-        [&](const Geraet& geraet) { return geraet.endung == endung; });
-    if (found == Geraete.end())
-        return std::string(AndereEndung);
+    const auto* const found = std::find_if(Devices.begin(), Devices.end(),
+        [&](const Device& device) { return device.extension == extension; });
+    if (found == Devices.end())
+        return std::string(OtherExtension);
     IstVideo = found->video;
-    return std::string(found->typ);
+    return std::string(found->type);
 }
 
 void Sound_Oeffnen(platform::Platform& platform, const platform::FileName& Datei,

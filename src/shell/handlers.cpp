@@ -2,24 +2,24 @@
 // The event handlers of the forms: each hands its event to the procedure that does the work.
 #include "shell/handlers.h"
 
-#include "coup/m_eingabe.h"
-#include "coup/m_permanenz.h"
-#include "files/meldungen.h"
-#include "files/permanenzdatei.h"
-#include "files/zufallsserie.h"
-#include "grids/auswahl.h"
-#include "grids/familientabelle.h"
-#include "grids/sortierung_neu.h"
+#include "coup/pipeline.h"
+#include "coup/undo.h"
+#include "files/messages.h"
+#include "files/permanence_file.h"
+#include "files/random_series.h"
+#include "grids/families.h"
+#include "grids/resort.h"
+#include "grids/selector.h"
 #include "info/sound.h"
-#include "info/systeminfo.h"
-#include "progress/lauf.h"
-#include "shell/m_programmladen.h"
-#include "stats/m_markierung.h"
+#include "info/system_info.h"
+#include "progress/long_run.h"
+#include "shell/programm_laden.h"
+#include "stats/marking.h"
 
 #include <new>
 #include <utility>
 
-using forms::Programm;
+using forms::Program;
 using platform::Platform;
 
 namespace {
@@ -29,210 +29,210 @@ constexpr std::int16_t Backspace = 8;
 constexpr std::int16_t Enter = 13;
 
 /// Drops the permanence, unloads all forms and ends the process.
-void herunterfahren(Programm& programm, Platform& platform) {
-    M_Eingabe::Chancen_Reset(programm);
-    programm.Frm_Info = {};
-    progress::Form_Unload(programm);
-    programm.Frm_Start = {};
-    programm.Frm_Main.Visible = false;
-    programm.Frm_Main.Loaded = false;
+void shutDown(Program& program, Platform& platform) {
+    M_Eingabe::Chancen_Reset(program);
+    program.Frm_Info = {};
+    progress::Form_Unload(program);
+    program.Frm_Start = {};
+    program.Frm_Main.Visible = false;
+    program.Frm_Main.loaded = false;
     platform.processes.end();
 }
 
 /// Whether the main form takes input: it is not closed to it, and no handler is still at work (a
 /// run gives the window turns, and a press may come from outside the window system too).
-bool nimmtEingaben(const forms::MainForm& form) {
-    return form.Loaded && form.Enabled && !form.InHandler;
+bool takesInput(const forms::MainForm& form) {
+    return form.loaded && form.Enabled && !form.inHandler;
 }
 
 /// Runs a handler to its end with the main form held: no other handler of it can start. A shutdown
 /// asked for meanwhile follows behind.
 template <class Handler>
-void festhalten(Programm& programm, Platform& platform, Handler handler) {
-    forms::MainForm& form = programm.Frm_Main;
+void withFormHeld(Program& program, Platform& platform, Handler handler) {
+    forms::MainForm& form = program.Frm_Main;
     {
-        struct Halt {
+        struct Hold {
             bool& held;
-            ~Halt() { held = false; }
-        } halt{form.InHandler};
-        halt.held = true;
+            ~Hold() { held = false; }
+        } hold{form.inHandler};
+        hold.held = true;
         handler();
     }
-    if (std::exchange(form.CloseRequested, false))
-        herunterfahren(programm, platform);
+    if (std::exchange(form.closeRequested, false))
+        shutDown(program, platform);
 }
 
 /// Runs one handler of the main form, if the form takes input.
 template <class Handler>
-void bearbeiten(Programm& programm, Platform& platform, Handler handler) {
-    forms::MainForm& form = programm.Frm_Main;
-    if (!nimmtEingaben(form))
+void handle(Program& program, Platform& platform, Handler handler) {
+    forms::MainForm& form = program.Frm_Main;
+    if (!takesInput(form))
         return;
-    festhalten(programm, platform, [&] {
+    withFormHeld(program, platform, [&] {
         try {
             handler();
         } catch (const std::bad_alloc&) {
             // The handler may have closed the form for a run that it couldn't even begin.
             form.Enabled = true;
-            progress::Form_Unload(programm);
-            files::Meldung_Speicher(platform);
+            progress::Form_Unload(program);
+            files::tellOutOfMemory(platform);
         }
     });
 }
 
-bool istMarkierungsfeld(int Index) {
+bool isMarkingBox(int Index) {
     return Index == 1 || Index == 2;
 }
 
 } // namespace
 
-void Frm_Start::Form_Load(Programm& programm) {
-    programm.Frm_Start = {};
-    programm.Frm_Start.Visible = true;
+void Frm_Start::Form_Load(Program& program) {
+    program.Frm_Start = {};
+    program.Frm_Start.Visible = true;
 }
 
-void Frm_Start::Timer1_Timer(Programm& programm) {
-    forms::StartForm& form = programm.Frm_Start;
+void Frm_Start::Timer1_Timer(Program& program) {
+    forms::StartForm& form = program.Frm_Start;
     if (++form.Ticks != TicksToMain)
         return;
-    Frm_Main::Form_Load(programm);
-    programm.Frm_Main.Visible = true;
-    form.Timer1Enabled = false;
+    Frm_Main::Form_Load(program);
+    program.Frm_Main.Visible = true;
+    form.timer1Enabled = false;
     form.Visible = false;
 }
 
-void Frm_Main::Form_Load(Programm& programm) {
-    M_Eingabe::Chancen_Reset(programm);
-    M_ProgrammLaden::Programm_Laden(programm);
-    programm.Frm_Main.Loaded = true;
+void Frm_Main::Form_Load(Program& program) {
+    M_Eingabe::Chancen_Reset(program);
+    M_ProgrammLaden::Programm_Laden(program);
+    program.Frm_Main.loaded = true;
 }
 
-void Frm_Main::Form_Unload(Programm& programm, Platform& platform) {
-    if (programm.Frm_Main.InHandler)
-        programm.Frm_Main.CloseRequested = true;
-    else if (programm.Frm_Main.Loaded)
-        herunterfahren(programm, platform);
+void Frm_Main::Form_Unload(Program& program, Platform& platform) {
+    if (program.Frm_Main.inHandler)
+        program.Frm_Main.closeRequested = true;
+    else if (program.Frm_Main.loaded)
+        shutDown(program, platform);
 }
 
-void Frm_Main::xpLabel_Tableau_Click(Programm& programm, Platform& platform, int Index) {
-    bearbeiten(programm, platform, [&] {
-        M_Permanenz::Coup_Aufnehmen(programm, Index);
-        programm.Frm_Main.Grid[0].ScrollRow(programm.Frm_Main.Coup);
+void Frm_Main::xpLabel_Tableau_Click(Program& program, Platform& platform, int Index) {
+    handle(program, platform, [&] {
+        M_Permanenz::takeCoup(program, Index);
+        program.Frm_Main.Grid[0].ScrollRow(program.Frm_Main.Coup);
     });
 }
 
-void Frm_Main::xpButton_Click(Programm& programm, Platform& platform, int Index) {
-    bearbeiten(programm, platform, [&] {
+void Frm_Main::xpButton_Click(Program& program, Platform& platform, int Index) {
+    handle(program, platform, [&] {
         switch (Index) {
         case 0:
-            return M_Eingabe::Rueckgaengig(programm);
+            return M_Eingabe::Rueckgaengig(program);
         case 1:
-            return M_Eingabe::Chancen_Reset(programm);
+            return M_Eingabe::Chancen_Reset(program);
         case 2:
-            return M_Eingabe::Permanenz_Laden(programm, platform);
+            return M_Eingabe::Permanenz_Laden(program, platform);
         case 3:
-            return M_Eingabe::Permanenz_Speichern(programm, platform);
+            return M_Eingabe::Permanenz_Speichern(program, platform);
         case 4:
-            return M_Markierung::Loeschen(programm, 1);
+            return stats::clearMark(program, 1);
         case 5:
-            return M_Markierung::Loeschen(programm, 2);
+            return stats::clearMark(program, 2);
         default:
             return;
         }
     });
 }
 
-void Frm_Main::M_Laden_Click(Programm& programm, Platform& platform) {
-    bearbeiten(programm, platform, [&] { M_Eingabe::Permanenz_Laden(programm, platform); });
+void Frm_Main::M_Laden_Click(Program& program, Platform& platform) {
+    handle(program, platform, [&] { M_Eingabe::Permanenz_Laden(program, platform); });
 }
 
-void Frm_Main::M_Speichern_Click(Programm& programm, Platform& platform) {
-    bearbeiten(programm, platform, [&] { M_Eingabe::Permanenz_Speichern(programm, platform); });
+void Frm_Main::M_Speichern_Click(Program& program, Platform& platform) {
+    handle(program, platform, [&] { M_Eingabe::Permanenz_Speichern(program, platform); });
 }
 
-void Frm_Main::M_Reset_Click(Programm& programm, Platform& platform) {
-    bearbeiten(programm, platform, [&] { M_Eingabe::Chancen_Reset(programm); });
+void Frm_Main::M_Reset_Click(Program& program, Platform& platform) {
+    handle(program, platform, [&] { M_Eingabe::Chancen_Reset(program); });
 }
 
-void Frm_Main::M_Beenden_Click(Programm& programm, Platform& platform) {
-    bearbeiten(programm, platform, [&] { Form_Unload(programm, platform); });
+void Frm_Main::M_Beenden_Click(Program& program, Platform& platform) {
+    handle(program, platform, [&] { Form_Unload(program, platform); });
 }
 
-void Frm_Main::M_Info_Click(Programm& programm, Platform& platform) {
-    bearbeiten(programm, platform, [&] {
+void Frm_Main::M_Info_Click(Program& program, Platform& platform) {
+    handle(program, platform, [&] {
         Sound::Sound_Oeffnen(platform, platform.files.programFolder() + "/info.mid", 0);
         Sound::Sound_Abspielen(platform, 0);
-        forms::InfoForm& info = programm.Frm_Info;
-        if (!info.Loaded)
-            info.lblVersion.Caption = programm.Version;
-        info.Loaded = true;
+        forms::InfoForm& info = program.Frm_Info;
+        if (!info.loaded)
+            info.lblVersion.Caption = program.version;
+        info.loaded = true;
         info.Visible = true;
-        ++info.FocusRequests;
+        ++info.focusRequests;
     });
 }
 
-void Frm_Main::Check_Click(Programm& programm, Platform& platform, int Index) {
-    bearbeiten(programm, platform, [&] {
+void Frm_Main::Check_Click(Program& program, Platform& platform, int Index) {
+    handle(program, platform, [&] {
         if (Index != 0 && Index != 1)
             return;
-        int& value = programm.Frm_Main.Check[static_cast<std::size_t>(Index)].Value;
+        int& value = program.Frm_Main.Check[static_cast<std::size_t>(Index)].Value;
         value = value == 0 ? 1 : 0;
         if (Index == 0)
-            M_Permanenz::Sortierung_Neu(programm, platform);
+            M_Permanenz::Sortierung_Neu(program, platform);
         else
-            Auswahl::Gitter_Umschalten(programm);
+            grids::toggleLines(program);
     });
 }
 
-void Frm_Main::xpCombo_Click(Programm& programm, Platform& platform, int ListIndex) {
-    bearbeiten(programm, platform, [&] {
-        forms::MainForm& form = programm.Frm_Main;
-        if (ListIndex == form.xpCombo[0].ListIndex || !grids::familie(ListIndex))
+void Frm_Main::xpCombo_Click(Program& program, Platform& platform, int ListIndex) {
+    handle(program, platform, [&] {
+        forms::MainForm& form = program.Frm_Main;
+        if (ListIndex == form.xpCombo[0].ListIndex || !grids::family(ListIndex))
             return;
         form.xpCombo[0].ListIndex = ListIndex;
         form.Enabled = false;
-        Auswahl::Familie_Anwenden(programm);
+        grids::applyFamily(program);
         if (form.Coup > 0)
-            M_Permanenz::Sortierung_Neu(programm, platform);
+            M_Permanenz::Sortierung_Neu(program, platform);
         form.Enabled = true;
-        ++form.FocusRequests;
+        ++form.focusRequests;
     });
 }
 
-void Frm_Main::Text_Click(Programm& programm, Platform& platform, int Index) {
-    if (istMarkierungsfeld(Index))
-        bearbeiten(programm, platform, [&] { M_Markierung::Abfragen(programm, platform, Index); });
+void Frm_Main::Text_Click(Program& program, Platform& platform, int Index) {
+    if (isMarkingBox(Index))
+        handle(program, platform, [&] { stats::askForMark(program, platform, Index); });
 }
 
-void Frm_Main::Text_Change(Programm& programm, int Index, std::string_view text) {
-    if (Index == 0 && nimmtEingaben(programm.Frm_Main))
-        programm.Frm_Main.Text[0].Text = text;
+void Frm_Main::Text_Change(Program& program, int Index, std::string_view text) {
+    if (Index == 0 && takesInput(program.Frm_Main))
+        program.Frm_Main.Text[0].Text = text;
 }
 
 void Frm_Main::Text_KeyPress(
-    Programm& programm, Platform& platform, int Index, std::int16_t& KeyAscii) {
+    Program& program, Platform& platform, int Index, std::int16_t& KeyAscii) {
     if (Index != 0)
         return;
     if ((KeyAscii > '9' || KeyAscii < '0') && KeyAscii != Backspace && KeyAscii != Enter)
         KeyAscii = 0;
     if (KeyAscii == Enter)
-        bearbeiten(programm, platform, [&] { M_Eingabe::Zufallsserie(programm, platform); });
+        handle(program, platform, [&] { M_Eingabe::drawSeries(program, platform); });
 }
 
-void Frm_Progressbar::xpButton_Click(Programm& programm) {
-    if (programm.Frm_Progressbar.Visible && programm.Frm_Progressbar.xpButton.Enabled)
-        programm.Frm_Progressbar.Abbruch = 1;
+void Frm_Progressbar::xpButton_Click(Program& program) {
+    if (program.Frm_Progressbar.Visible && program.Frm_Progressbar.xpButton.Enabled)
+        program.Frm_Progressbar.Abbruch = 1;
 }
 
-void Frm_Info::cmdOK_Click(Programm& programm, Platform& platform) {
+void Frm_Info::cmdOK_Click(Program& program, Platform& platform) {
     Sound::Sound_Stoppen(platform);
-    programm.Frm_Info.Visible = false;
+    program.Frm_Info.Visible = false;
 }
 
-void Frm_Info::cmdSysInfo_Click(Programm& programm, Platform& platform) {
+void Frm_Info::cmdSysInfo_Click(Program& program, Platform& platform) {
     // The message that may come is modal for the main form too, unless a run has it held already.
-    if (programm.Frm_Main.InHandler)
-        Systeminfo::StartSysInfo(platform);
+    if (program.Frm_Main.inHandler)
+        info::StartSysInfo(platform);
     else
-        festhalten(programm, platform, [&] { Systeminfo::StartSysInfo(platform); });
+        withFormHeld(program, platform, [&] { info::StartSysInfo(platform); });
 }

@@ -3,10 +3,10 @@
 #include "window/application.h"
 
 #include "shell/handlers.h"
-#include "window/button_accessible.h"
-#include "window/grid_accessible.h"
-#include "window/pad_accessible.h"
-#include "window/tableau_accessible.h"
+#include "window/controls/button_accessible.h"
+#include "window/grid/grid_accessible.h"
+#include "window/tableau/pad_accessible.h"
+#include "window/tableau/tableau_accessible.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
@@ -32,8 +32,8 @@ void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, 
 
 Application::Application(std::string_view version)
     : platform_([this] { refreshIfDue(); }, [this] { return questionOwner(); }),
-      session_{programm_, platform_.platform()} {
-    programm_.Version = version;
+      session_{program_, platform_.platform()} {
+    program_.version = version;
     QAccessible::installFactory(buttonAccessible);
     QAccessible::installFactory(padAccessible);
     QAccessible::installFactory(tableauAccessible);
@@ -46,7 +46,7 @@ Application::Application(std::string_view version)
 }
 
 int Application::run() {
-    Frm_Start::Form_Load(programm_);
+    Frm_Start::Form_Load(program_);
     refresh();
     return QApplication::exec();
 }
@@ -68,18 +68,18 @@ void Application::refresh() {
     if (refreshing_)
         return;
     const QScopedValueRollback<bool> guard(refreshing_, true);
-    const forms::MainForm& form = programm_.Frm_Main;
-    if (form.Loaded) {
+    const forms::MainForm& form = program_.Frm_Main;
+    if (form.loaded) {
         keep(main_, true, session_);
         main_->refresh();
         if (form.Visible && !main_->isVisible())
             main_->show();
         QWidget* owner = main_.get();
-        keep(progress_, programm_.Frm_Progressbar.Visible, session_, owner);
-        keep(info_, programm_.Frm_Info.Loaded, session_, owner);
+        keep(progress_, program_.Frm_Progressbar.Visible, session_, owner);
+        keep(info_, program_.Frm_Info.loaded, session_, owner);
     }
     // The splash goes when the main window stands, so that there is always one to see.
-    keep(start_, programm_.Frm_Start.Visible, session_);
+    keep(start_, program_.Frm_Start.Visible, session_);
     if (start_)
         start_->refresh();
     if (progress_)

@@ -2,12 +2,12 @@
 // The program as a whole: state, surroundings and windows.
 #pragma once
 
-#include "forms/programm.h"
-#include "window/info_window.h"
-#include "window/main_window.h"
-#include "window/progress_window.h"
-#include "window/real_platform.h"
-#include "window/start_window.h"
+#include "desktop/desktop.h"
+#include "forms/program.h"
+#include "window/forms/info_window.h"
+#include "window/forms/main_window.h"
+#include "window/forms/progress_window.h"
+#include "window/forms/start_window.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -37,8 +37,8 @@ private:
     void refresh();
     QWidget* questionOwner() const;
 
-    forms::Programm programm_;
-    RealPlatform platform_;
+    forms::Program program_;
+    desktop::RealPlatform platform_;
     Session session_;
     std::unique_ptr<StartWindow> start_;
     std::unique_ptr<MainWindow> main_;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Reading and writing permanence files, with everything that a file or a user can do to them.
-#include "files/meldungen.h"
-#include "files/schnelle_zeile.h"
-#include "files/zeilenleser.h"
-#include "progress/lauf.h"
+#include "files/fast_line.h"
+#include "files/line_reader.h"
+#include "files/messages.h"
+#include "progress/long_run.h"
 #include "support/stage.h"
 
 #include <gtest/gtest.h>
@@ -40,17 +40,17 @@ std::vector<int> read(std::string text) {
 }
 
 std::vector<int> readInBlocks(const std::string& text, const std::vector<std::size_t>& cuts) {
-    files::Zeilenleser reader;
+    files::LineReader reader;
     std::size_t at = 0;
     for (const std::size_t cut : cuts) {
-        reader.lesen(std::string_view(text).substr(at, cut - at));
+        reader.read(std::string_view(text).substr(at, cut - at));
         at = cut;
     }
-    reader.lesen(std::string_view(text).substr(at));
-    reader.ende();
+    reader.read(std::string_view(text).substr(at));
+    reader.finish();
     std::vector<int> all;
-    for (std::int64_t i = 0; i < reader.zahlen().size(); ++i)
-        all.push_back(reader.zahlen()[i]);
+    for (std::int64_t i = 0; i < reader.numbers().size(); ++i)
+        all.push_back(reader.numbers()[i]);
     return all;
 }
 
@@ -108,7 +108,7 @@ TEST(Files, EveryKindOfLineAtEverySplit) {
 std::pair<unsigned, unsigned> quickly(std::string line) {
     const std::size_t length = line.find('\n');
     line.resize(line.size() + files::WordSize, '7');
-    return {files::Eigene_Zeile(line.data(), length), files::Uebliche_Zeile(line.data(), length)};
+    return {files::ownLine(line.data(), length), files::usualLine(line.data(), length)};
 }
 
 TEST(Files, QuickWaysKnowTheirLinesAndNoOthers) {
@@ -153,7 +153,7 @@ TEST(Files, GoldenPermanences) {
             Stage stage;
             stage.files.blockSize = block;
             stage.load(content(entry.path()));
-            EXPECT_EQ(numbers(stage.programm), wanted) << "in blocks of " << block;
+            EXPECT_EQ(numbers(stage.program), wanted) << "in blocks of " << block;
             EXPECT_EQ(stage.main.Coup, static_cast<std::int64_t>(wanted.size()));
             if (entry.path().stem() == "gespeichert") {
                 EXPECT_EQ(stage.save(), content(entry.path()));
@@ -174,7 +174,7 @@ TEST(Files, SavedBytesAndRoundTrip) {
     stage.click(36);
     EXPECT_EQ(stage.save(), " 17 \r\n 0 \r\n 36 \r\n");
     stage.draw("140000"); // more than one block, in bytes and in rows
-    const auto all = numbers(stage.programm);
+    const auto all = numbers(stage.program);
     const std::string saved = stage.save();
     EXPECT_GT(stage.files.writes, 3U);
     stage.family(6); // what is saved doesn't depend on the view
@@ -183,9 +183,9 @@ TEST(Files, SavedBytesAndRoundTrip) {
     Stage other;
     other.files.blockSize = 1000;
     other.load(saved);
-    EXPECT_EQ(numbers(other.programm), all);
+    EXPECT_EQ(numbers(other.program), all);
     for (int number = 0; number <= 36; ++number)
-        EXPECT_EQ(other.programm.Chancen.Anz_Plein[static_cast<std::size_t>(number)],
+        EXPECT_EQ(other.program.counters.Anz_Plein[static_cast<std::size_t>(number)],
             std::count(all.begin(), all.end(), number));
     other.load(" 5 ");
     EXPECT_EQ(other.main.Coup, 140004);
@@ -194,19 +194,19 @@ TEST(Files, SavedBytesAndRoundTrip) {
 
 TEST(Files, DialogsTellWhatTheyAreForAndACancelChangesNothing) {
     Stage stage;
-    const auto before = support::state(stage.programm);
+    const auto before = support::state(stage.program);
     stage.button(2);
     stage.dialogs.chosen = "";
-    Frm_Main::M_Speichern_Click(stage.programm, stage.platform);
-    EXPECT_EQ(support::difference(support::state(stage.programm), before), "");
+    Frm_Main::M_Speichern_Click(stage.program, stage.platform);
+    EXPECT_EQ(support::difference(support::state(stage.program), before), "");
     stage.load("3\n");
-    EXPECT_EQ(stage.main.FocusRequests, 0U);
+    EXPECT_EQ(stage.main.focusRequests, 0U);
     EXPECT_EQ(stage.main.Grid[0].ScrollRow().row, 1);
     stage.dialogs.chosen.reset();
-    const auto loaded = support::state(stage.programm);
+    const auto loaded = support::state(stage.program);
     stage.button(3);
-    Frm_Main::M_Laden_Click(stage.programm, stage.platform);
-    EXPECT_EQ(support::difference(support::state(stage.programm), loaded), "");
+    Frm_Main::M_Laden_Click(stage.program, stage.platform);
+    EXPECT_EQ(support::difference(support::state(stage.program), loaded), "");
     EXPECT_TRUE(stage.files.content.size() == 1 && stage.dialogs.messages.empty());
     const std::string filter = "|Textdateien (*.txt)|*.txt|";
     const std::string open = "open|Permanenz laden" + filter;
@@ -226,11 +226,11 @@ TEST(Files, AnErrorWhileReadingIsToldAndChangesNothing) {
             Stage stage;
             stage.click(9);
             stage.main.FileName = "datei.txt";
-            const auto before = support::state(stage.programm);
+            const auto before = support::state(stage.program);
             stage.files.failAtByte = at;
             stage.files.blockSize = block;
             stage.load(text);
-            ASSERT_EQ(support::difference(support::state(stage.programm), before), "")
+            ASSERT_EQ(support::difference(support::state(stage.program), before), "")
                 << "failing at byte " << at;
             ASSERT_EQ(stage.dialogs.messages, (std::vector{wanted}));
             ASSERT_EQ(stage.files.openReaders, 0);
@@ -259,7 +259,7 @@ TEST(Files, AnErrorWhileWritingIsToldAndKeepsTheOldFile) {
     const std::string whole = stage.save();
     const std::size_t count = stage.files.writes;
     ASSERT_GE(count, 3U);
-    const auto before = numbers(stage.programm);
+    const auto before = numbers(stage.program);
     for (std::size_t at = 0; at <= count; ++at) {
         stage.files.content["gespeichert.txt"] = "alt";
         stage.files.writes = 0;
@@ -269,7 +269,7 @@ TEST(Files, AnErrorWhileWritingIsToldAndKeepsTheOldFile) {
     }
     stage.files.openError = std::make_error_code(std::errc::read_only_file_system);
     EXPECT_EQ(stage.save(), "alt");
-    EXPECT_EQ(numbers(stage.programm), before);
+    EXPECT_EQ(numbers(stage.program), before);
     ASSERT_EQ(stage.dialogs.messages.size(), count + 2);
     const auto text = [](const std::string& reason) {
         return "Die Datei „gespeichert.txt“ kann nicht gespeichert werden.\n" + reason
@@ -290,10 +290,10 @@ TEST(Files, CancellingALoadKeepsTheCoupsSoFar) {
         text += std::to_string(i % 37) + "\n";
     stage.events.onTurn = [&] {
         EXPECT_FALSE(stage.main.Enabled);
-        if (stage.programm.Frm_Progressbar.Visible) {
-            EXPECT_EQ(stage.programm.Frm_Progressbar.xpProgress.Max, 30000);
+        if (stage.program.Frm_Progressbar.Visible) {
+            EXPECT_EQ(stage.program.Frm_Progressbar.xpProgress.Max, 30000);
             EXPECT_EQ(stage.main.Grid[0].ScrollRow().row, stage.main.Coup);
-            Frm_Progressbar::xpButton_Click(stage.programm);
+            Frm_Progressbar::xpButton_Click(stage.program);
         }
     };
     for (int run = 1; run <= 2; ++run) {
@@ -302,14 +302,14 @@ TEST(Files, CancellingALoadKeepsTheCoupsSoFar) {
         const std::int64_t taken = stage.main.Coup - before;
         EXPECT_TRUE(taken > 0 && taken < 30000) << taken;
         EXPECT_TRUE(stage.main.Enabled);
-        EXPECT_FALSE(stage.programm.Frm_Progressbar.Visible);
-        EXPECT_EQ(stage.programm.Frm_Progressbar.Abbruch, 0);
+        EXPECT_FALSE(stage.program.Frm_Progressbar.Visible);
+        EXPECT_EQ(stage.program.Frm_Progressbar.Abbruch, 0);
         EXPECT_EQ(stage.main.Grid[0].RowCount(), stage.main.Grid[1].RowCount());
-        EXPECT_EQ(numbers(stage.programm).back(), (taken - 1) % 37);
+        EXPECT_EQ(numbers(stage.program).back(), (taken - 1) % 37);
     }
     std::string last;
     stage.events.onTurn
-        = [&] { last = progress::Statustext(stage.programm.Frm_Progressbar.Lbl_Status); };
+        = [&] { last = progress::statusText(stage.program.Frm_Progressbar.Lbl_Status); };
     const std::int64_t before = stage.main.Coup;
     stage.load(text);
     EXPECT_EQ(stage.main.Coup, before + 30000);

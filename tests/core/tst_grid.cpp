@@ -19,11 +19,11 @@ TEST(Grid, RowNumbersAndBareRows) {
     grid.AddRow("1");
     grid.AddRow("7"); // not its own number: must not follow the row
     grid.AddRow("");
-    EXPECT_EQ(grid.PatternCount(), 3U);
+    EXPECT_EQ(grid.patternCount(), 3U);
     grid.AddRow("4");
-    EXPECT_EQ(grid.PatternOf(4), grid.PatternOf(1)) << "rows with their own number share a pattern";
+    EXPECT_EQ(grid.patternOf(4), grid.patternOf(1)) << "rows with their own number share a pattern";
     grid.Row(2).Cell(1, "2");
-    EXPECT_EQ(grid.PatternOf(2), grid.PatternOf(1));
+    EXPECT_EQ(grid.patternOf(2), grid.patternOf(1));
     grid.Row(4).Cell(1, "04");
     EXPECT_EQ(grid.Row(4).Cell(1), "04");
     grid.Row(4).CellColor(16, 0);
@@ -39,7 +39,7 @@ TEST(Grid, RowNumbersAndBareRows) {
     EXPECT_EQ(grid.Row(4).RowColor(), std::nullopt);
     grid.Row(4).Cell(9, "x");
     grid.Row(4).Cell(9, "");
-    EXPECT_EQ(grid.PatternOf(4), grid.PatternOf(1)) << "an empty text is as if never written";
+    EXPECT_EQ(grid.patternOf(4), grid.patternOf(1)) << "an empty text is as if never written";
     grid.Clear();
     grid.AddRow("1");
     EXPECT_EQ(grid.RowCount(), 1);
@@ -78,11 +78,11 @@ TEST(Grid, UnusedPatternsAreSweptAndTheirNumbersUsedAgain) {
         const std::size_t row = random() % 100;
         wanted[row] = std::to_string(i);
         grid.Row(static_cast<std::int64_t>(row) + 1).Cell(3, wanted[row]);
-        ASSERT_LE(grid.PatternCount(), 256U);
+        ASSERT_LE(grid.patternCount(), 256U);
         for (std::size_t r = 0; i % 500 == 0 && r < 100; ++r)
             ASSERT_EQ(grid.Row(static_cast<std::int64_t>(r) + 1).Cell(3), wanted[r]) << i;
     }
-    EXPECT_EQ(grid.Ids().capacity(), 255U) << "100 different rows fit one byte each";
+    EXPECT_EQ(grid.ids().capacity(), 255U) << "100 different rows fit one byte each";
 }
 
 TEST(Grid, ANumberIsFreedOnceHoweverOftenIsSwept) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The event handlers: start and end of the program, marking, and that nothing gets in while a form
 // is closed to input.
-#include "progress/lauf.h"
+#include "progress/long_run.h"
 #include "support/reference.h"
 #include "support/stage.h"
 
@@ -20,28 +20,28 @@ const std::vector<std::pair<const char*, std::function<void(Stage&)>>> Presses{
     {"save", [](Stage& s) { s.button(3); }},
     {"clear 1", [](Stage& s) { s.button(4); }},
     {"clear 2", [](Stage& s) { s.button(5); }},
-    {"menu load", [](Stage& s) { Frm_Main::M_Laden_Click(s.programm, s.platform); }},
-    {"menu save", [](Stage& s) { Frm_Main::M_Speichern_Click(s.programm, s.platform); }},
-    {"menu reset", [](Stage& s) { Frm_Main::M_Reset_Click(s.programm, s.platform); }},
-    {"menu end", [](Stage& s) { Frm_Main::M_Beenden_Click(s.programm, s.platform); }},
-    {"menu info", [](Stage& s) { Frm_Main::M_Info_Click(s.programm, s.platform); }},
+    {"menu load", [](Stage& s) { Frm_Main::M_Laden_Click(s.program, s.platform); }},
+    {"menu save", [](Stage& s) { Frm_Main::M_Speichern_Click(s.program, s.platform); }},
+    {"menu reset", [](Stage& s) { Frm_Main::M_Reset_Click(s.program, s.platform); }},
+    {"menu end", [](Stage& s) { Frm_Main::M_Beenden_Click(s.program, s.platform); }},
+    {"menu info", [](Stage& s) { Frm_Main::M_Info_Click(s.program, s.platform); }},
     {"mode", [](Stage& s) { s.check(0); }},
     {"lines", [](Stage& s) { s.check(1); }},
     {"family", [](Stage& s) { s.family(3); }},
-    {"mark 1", [](Stage& s) { Frm_Main::Text_Click(s.programm, s.platform, 1); }},
-    {"mark 2", [](Stage& s) { Frm_Main::Text_Click(s.programm, s.platform, 2); }},
-    {"text", [](Stage& s) { Frm_Main::Text_Change(s.programm, 0, "99"); }},
+    {"mark 1", [](Stage& s) { Frm_Main::Text_Click(s.program, s.platform, 1); }},
+    {"mark 2", [](Stage& s) { Frm_Main::Text_Click(s.program, s.platform, 2); }},
+    {"text", [](Stage& s) { Frm_Main::Text_Change(s.program, 0, "99"); }},
     {"Enter", [](Stage& s) { s.key(13); }},
 };
 
 /// Sets off everything and holds that it leaves no trace.
 void pressAll(Stage& stage) {
-    const auto before = support::state(stage.programm);
+    const auto before = support::state(stage.program);
     const auto asked = stage.dialogs.asked.size();
     const auto turns = stage.events.turns;
     for (const auto& [name, press] : Presses) {
         press(stage);
-        ASSERT_EQ(support::difference(support::state(stage.programm), before), "") << name;
+        ASSERT_EQ(support::difference(support::state(stage.program), before), "") << name;
         ASSERT_EQ(stage.dialogs.asked.size(), asked) << name;
         ASSERT_TRUE(stage.media.commands.empty() && stage.processes.ends == 0) << name;
         ASSERT_EQ(stage.events.turns, turns) << name;
@@ -63,13 +63,13 @@ TEST(Handlers, EveryPressActsOnAnOpenFormAndNoneOnAClosedOne) {
     for (const auto& [name, press] : Presses) {
         Stage stage;
         prepare(stage);
-        const auto before = support::state(stage.programm);
+        const auto before = support::state(stage.program);
         const auto asked = stage.dialogs.asked.size();
         press(stage);
-        EXPECT_TRUE(support::state(stage.programm) != before || stage.dialogs.asked.size() > asked)
+        EXPECT_TRUE(support::state(stage.program) != before || stage.dialogs.asked.size() > asked)
             << name << " does nothing, so its refusal would prove nothing";
     }
-    for (const auto close : {&forms::MainForm::Enabled, &forms::MainForm::Loaded}) {
+    for (const auto close : {&forms::MainForm::Enabled, &forms::MainForm::loaded}) {
         Stage stage;
         prepare(stage);
         stage.main.*close = false;
@@ -94,7 +94,7 @@ TEST(Handlers, NothingGetsInDuringARun) {
             pressAll(stage);
         };
         run(stage);
-        EXPECT_TRUE(stage.main.Enabled && !stage.main.InHandler);
+        EXPECT_TRUE(stage.main.Enabled && !stage.main.inHandler);
         EXPECT_EQ(stage.processes.ends, 0);
     }
     EXPECT_GE(looks, 5);
@@ -113,7 +113,7 @@ TEST(Handlers, UndoGoesBackToTheEmptyPermanenceAndNoFurther) {
             stage.undo();
             reference.undo();
             EXPECT_EQ(
-                support::difference(support::picture(stage.programm), reference.picture()), "");
+                support::difference(support::picture(stage.program), reference.picture()), "");
         }
         EXPECT_EQ(stage.main.Coup, 0);
     }
@@ -123,29 +123,29 @@ TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
     for (const bool byFamily : {true, false}) {
         Stage stage;
         stage.draw("9000");
-        const auto numbers = support::numbers(stage.programm);
-        const auto refreshes = stage.main.Grid[0].Refreshes();
+        const auto numbers = support::numbers(stage.program);
+        const auto refreshes = stage.main.Grid[0].refreshes();
         const auto [coup, plein] = std::pair(stage.main.Coup, stage.main.Plein);
         stage.events = {};
         std::vector<std::string> shown;
         stage.events.onPaint = [&] {
-            const forms::ProgressForm& run = stage.programm.Frm_Progressbar;
-            shown.push_back(progress::Statustext(run.Lbl_Status));
+            const forms::ProgressForm& run = stage.program.Frm_Progressbar;
+            shown.push_back(progress::statusText(run.Lbl_Status));
             EXPECT_TRUE(run.Visible && !run.xpButton.Enabled);
             EXPECT_EQ(run.xpProgress.Max, 9000);
             EXPECT_EQ(stage.main.Plein, numbers[static_cast<std::size_t>(stage.main.Coup) - 1]);
             EXPECT_EQ(stage.main.Enabled, !byFamily);
-            Frm_Progressbar::xpButton_Click(stage.programm);
+            Frm_Progressbar::xpButton_Click(stage.program);
             EXPECT_EQ(run.Abbruch, 0);
         };
         byFamily ? stage.family(2) : stage.check(0);
         EXPECT_EQ(stage.events.turns, 0);
         ASSERT_GE(shown.size(), 3U);
         EXPECT_EQ(shown.back(), " Status: Berechne 9000 / 9000 (100 %)");
-        EXPECT_GE(stage.main.Grid[0].Refreshes(), refreshes + shown.size());
+        EXPECT_GE(stage.main.Grid[0].refreshes(), refreshes + shown.size());
         EXPECT_EQ(std::pair(stage.main.Coup, stage.main.Plein), std::pair(coup, plein));
-        EXPECT_EQ(stage.main.FocusRequests, byFamily ? 2U : 1U);
-        EXPECT_EQ(support::numbers(stage.programm), numbers);
+        EXPECT_EQ(stage.main.focusRequests, byFamily ? 2U : 1U);
+        EXPECT_EQ(support::numbers(stage.program), numbers);
         const auto paints = stage.events.paints;
         if (byFamily)
             stage.family(2); // the same entry again
@@ -153,30 +153,30 @@ TEST(Handlers, AResortHoldsInputBackAndCantBeCancelled) {
     }
     Stage empty;
     empty.family(6);
-    EXPECT_EQ(empty.main.FocusRequests, 1U);
+    EXPECT_EQ(empty.main.focusRequests, 1U);
     EXPECT_EQ(empty.events.paints, 0);
     EXPECT_EQ(empty.main.Grid[0].Width, 5610);
 }
 
 TEST(Handlers, StartAndShutdown) {
     Stage stage;
-    stage.programm = {};
-    Frm_Start::Form_Load(stage.programm);
+    stage.program = {};
+    Frm_Start::Form_Load(stage.program);
     stage.click(3);
     EXPECT_EQ(stage.main.Coup, 0) << "there is no main window yet";
     for (const bool shown : {false, false, true}) {
-        Frm_Start::Timer1_Timer(stage.programm);
+        Frm_Start::Timer1_Timer(stage.program);
         EXPECT_EQ(stage.main.Visible, shown);
-        EXPECT_EQ(stage.programm.Frm_Start.Visible, !shown);
-        EXPECT_EQ(stage.programm.Frm_Start.Timer1Enabled, !shown);
+        EXPECT_EQ(stage.program.Frm_Start.Visible, !shown);
+        EXPECT_EQ(stage.program.Frm_Start.timer1Enabled, !shown);
     }
     stage.click(3);
-    Frm_Main::M_Info_Click(stage.programm, stage.platform);
-    Frm_Main::M_Beenden_Click(stage.programm, stage.platform);
+    Frm_Main::M_Info_Click(stage.program, stage.platform);
+    Frm_Main::M_Beenden_Click(stage.program, stage.platform);
     EXPECT_EQ(stage.processes.ends, 1);
-    EXPECT_TRUE(!stage.main.Loaded && !stage.main.Visible && !stage.programm.Frm_Info.Loaded);
+    EXPECT_TRUE(!stage.main.loaded && !stage.main.Visible && !stage.program.Frm_Info.loaded);
     EXPECT_EQ(stage.main.Grid[1].RowCount(), 0);
-    Frm_Main::Form_Unload(stage.programm, stage.platform);
+    Frm_Main::Form_Unload(stage.program, stage.platform);
     EXPECT_EQ(stage.processes.ends, 1) << "one shutdown";
     EXPECT_TRUE(stage.dialogs.asked.empty());
 }
@@ -194,13 +194,13 @@ TEST(Handlers, ClosingInTheMiddleOfARunEndsInOneShutdown) {
             if (stage.events.turns < at)
                 return;
             closedAt = std::max(closedAt, stage.main.Coup);
-            Frm_Main::Form_Unload(stage.programm, stage.platform);
-            EXPECT_TRUE(stage.main.Loaded && stage.processes.ends == 0) << "the run ends first";
+            Frm_Main::Form_Unload(stage.program, stage.platform);
+            EXPECT_TRUE(stage.main.loaded && stage.processes.ends == 0) << "the run ends first";
         };
         at > 0 ? stage.load(text) : stage.draw("2000000000");
         EXPECT_EQ(closedAt > 0, at != 1);
         EXPECT_EQ(stage.processes.ends, 1);
-        EXPECT_FALSE(stage.main.Loaded || stage.programm.Frm_Progressbar.Visible);
+        EXPECT_FALSE(stage.main.loaded || stage.program.Frm_Progressbar.Visible);
         EXPECT_EQ(stage.main.Coup, 0);
         EXPECT_EQ(stage.files.openReaders, 0);
         EXPECT_TRUE(stage.dialogs.messages.empty());
@@ -230,8 +230,7 @@ TEST(Handlers, AnswersToTheMarkingPrompt) {
                 reference.clearMark(box);
             else
                 reference.mark(box, std::stoi(wanted));
-            EXPECT_EQ(
-                support::difference(support::picture(stage.programm), reference.picture()), "")
+            EXPECT_EQ(support::difference(support::picture(stage.program), reference.picture()), "")
                 << "'" << answer << "'";
             const support::Message message{"Fehler",
                 "Ungültiger Wert! Bitte versuchen Sie es nochmal!", platform::Icon::Critical};
@@ -244,14 +243,14 @@ TEST(Handlers, AnswersToTheMarkingPrompt) {
             stage.undo();
             reference.undo();
             EXPECT_EQ(
-                support::difference(support::picture(stage.programm), reference.picture()), "");
+                support::difference(support::picture(stage.program), reference.picture()), "");
         }
     Stage stage;
     stage.mark(0, "5");
     EXPECT_TRUE(stage.dialogs.asked.empty());
-    const auto before = support::state(stage.programm);
+    const auto before = support::state(stage.program);
     stage.button(6);
-    EXPECT_EQ(support::difference(support::state(stage.programm), before), "");
+    EXPECT_EQ(support::difference(support::state(stage.program), before), "");
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The info dialog's logic: melody, system information, rippling picture.
 #include "info/sound.h"
-#include "info/systeminfo.h"
-#include "info/wasser.h"
+#include "info/system_info.h"
+#include "info/water.h"
 #include "support/stage.h"
 
 #include <gtest/gtest.h>
@@ -47,16 +47,16 @@ TEST(Info, DeviceTypesByFileName) {
 
 TEST(Info, ShowingPlaysFromTheBeginningAndOkStops) {
     Stage stage;
-    stage.programm.Version = "1.2.3";
-    Frm_Main::M_Info_Click(stage.programm, stage.platform);
-    EXPECT_EQ(stage.programm.Frm_Info.lblVersion.Caption, "1.2.3");
-    EXPECT_TRUE(stage.programm.Frm_Info.Visible && stage.main.Enabled);
-    Frm_Info::cmdOK_Click(stage.programm, stage.platform);
-    EXPECT_TRUE(!stage.programm.Frm_Info.Visible && stage.programm.Frm_Info.Loaded);
-    Frm_Main::M_Info_Click(stage.programm, stage.platform);
+    stage.program.version = "1.2.3";
+    Frm_Main::M_Info_Click(stage.program, stage.platform);
+    EXPECT_EQ(stage.program.Frm_Info.lblVersion.Caption, "1.2.3");
+    EXPECT_TRUE(stage.program.Frm_Info.Visible && stage.main.Enabled);
+    Frm_Info::cmdOK_Click(stage.program, stage.platform);
+    EXPECT_TRUE(!stage.program.Frm_Info.Visible && stage.program.Frm_Info.loaded);
+    Frm_Main::M_Info_Click(stage.program, stage.platform);
     const std::string open = "open /programm/info.mid Sequencer";
     EXPECT_EQ(stage.media.commands, (std::vector{open, "play 0"s, "stop"s, open, "play 0"s}));
-    EXPECT_EQ(stage.programm.Frm_Info.FocusRequests, 2U);
+    EXPECT_EQ(stage.program.Frm_Info.focusRequests, 2U);
 }
 
 TEST(Info, RegistryValuesAsText) {
@@ -67,7 +67,7 @@ TEST(Info, RegistryValuesAsText) {
         {"k|other", {3, "abc"}}};
     const auto read = [&](const char* key, const char* value, std::uint32_t root = 0x80000002) {
         std::string text = "vorher";
-        const bool done = Systeminfo::GetKeyValue(registry, root, key, value, text);
+        const bool done = info::GetKeyValue(registry, root, key, value, text);
         EXPECT_EQ(registry.open_, 0) << "a key was left open";
         return std::pair(done, text);
     };
@@ -105,8 +105,8 @@ TEST(Info, TheWayToTheSystemInformation) {
         if (c.file)
             stage.files.content["C:\\Info\\MSINFO32.EXE"] = "";
         stage.processes.canStart = c.canStart;
-        stage.main.InHandler = c.path; // also beside a run
-        Frm_Info::cmdSysInfo_Click(stage.programm, stage.platform);
+        stage.main.inHandler = c.path; // also beside a run
+        Frm_Info::cmdSysInfo_Click(stage.program, stage.platform);
         EXPECT_EQ(stage.processes.started,
             c.started.empty() ? std::vector<std::string>() : std::vector{c.started});
         EXPECT_EQ(stage.dialogs.messages,
@@ -120,7 +120,7 @@ TEST(Info, TheWayToTheSystemInformation) {
     }
 }
 
-struct Surface : Unterwassereffekt::Flaeche {
+struct Surface : Unterwassereffekt::Surface {
     struct Copy {
         int fromX, fromY, x, y;
     };
@@ -128,9 +128,9 @@ struct Surface : Unterwassereffekt::Flaeche {
     int height = 147;
     std::vector<Copy> copies;
 
-    int breite() const override { return width; }
-    int hoehe() const override { return height; }
-    void kopieren(int fromX, int fromY, int x, int y) override {
+    int innerWidth() const override { return width; }
+    int innerHeight() const override { return height; }
+    void copyCell(int fromX, int fromY, int x, int y) override {
         copies.push_back({fromX, fromY, x, y});
     }
 };
@@ -138,8 +138,8 @@ struct Surface : Unterwassereffekt::Flaeche {
 TEST(Info, TheWaterFollowsItsFormula) {
     Stage stage;
     Surface surface;
-    Unterwassereffekt::Feld_Anlegen(stage.programm, surface.width, surface.height);
-    ASSERT_EQ(stage.programm.Wasser_Feld.Zellen.size(), 38U * 38U);
+    Unterwassereffekt::createField(stage.program, surface.width, surface.height);
+    ASSERT_EQ(stage.program.Wasser_Feld.Cells.size(), 38U * 38U);
     std::vector<double> shiftX(1444);
     std::vector<double> shiftY(1444);
     int reads = 0;
@@ -147,7 +147,7 @@ TEST(Info, TheWaterFollowsItsFormula) {
     stage.clock.midnight = [&] { return time(reads++); };
     for (int pass = 0; pass < 6; ++pass) {
         surface.copies.clear();
-        Unterwassereffekt::Wasser_Animieren(stage.programm, stage.clock, surface);
+        Unterwassereffekt::Wasser_Animieren(stage.program, stage.clock, surface);
         ASSERT_EQ(reads, 2888 * (pass + 1));
         ASSERT_EQ(surface.copies.size(), 1444U);
         for (std::size_t cell = 0; cell < 1444; ++cell) {
@@ -160,22 +160,22 @@ TEST(Info, TheWaterFollowsItsFormula) {
             ASSERT_EQ(std::pair(copy.fromX, copy.fromY), std::pair(4 * i, 4 * j));
             ASSERT_NEAR(copy.x, 4 * i + shiftX[cell], 0.5001) << "pass " << pass;
             ASSERT_NEAR(copy.y, 4 * j + shiftY[cell], 0.5001) << "pass " << pass;
-            ASSERT_NEAR(stage.programm.Wasser_Feld(i, j).VersatzX, shiftX[cell], 1e-5);
-            ASSERT_NEAR(stage.programm.Wasser_Feld(i, j).VersatzY, shiftY[cell], 1e-5);
+            ASSERT_NEAR(stage.program.Wasser_Feld(i, j).VersatzX, shiftX[cell], 1e-5);
+            ASSERT_NEAR(stage.program.Wasser_Feld(i, j).VersatzY, shiftY[cell], 1e-5);
             ASSERT_TRUE((i > 0 || copy.x == 0) && (j > 0 || copy.y == 0)) << "the edges stay";
         }
     }
     surface.width = 80; // smaller than what the field was made for
     surface.height = 40;
     surface.copies.clear();
-    Unterwassereffekt::Wasser_Animieren(stage.programm, stage.clock, surface);
+    Unterwassereffekt::Wasser_Animieren(stage.program, stage.clock, surface);
     EXPECT_EQ(surface.copies.size(), 21U * 11U);
     // Lengths in pixels that fall between two cells: halves to the even neighbour.
     for (const auto& [pixels, cells] :
         std::vector<std::pair<int, int>>{{146, 37}, {150, 39}, {145, 37}, {151, 39}, {148, 38}}) {
-        Unterwassereffekt::Feld_Anlegen(stage.programm, pixels, pixels);
-        EXPECT_EQ(stage.programm.Wasser_Feld.Spalten, cells) << pixels;
-        EXPECT_EQ(stage.programm.Wasser_Feld(cells - 1, cells - 1).VersatzX, 0);
+        Unterwassereffekt::createField(stage.program, pixels, pixels);
+        EXPECT_EQ(stage.program.Wasser_Feld.Columns, cells) << pixels;
+        EXPECT_EQ(stage.program.Wasser_Feld(cells - 1, cells - 1).VersatzX, 0);
     }
 }
 

@@ -72,12 +72,12 @@ using Action = std::function<void(Stage&)>;
 /// `told` is whether the user must be told.
 void holds(Stage& stage, const std::vector<int>& before, bool told) {
     const forms::MainForm& form = stage.main;
-    const auto all = support::numbers(stage.programm);
+    const auto all = support::numbers(stage.program);
     ASSERT_EQ(stage.dialogs.messages.size(), told ? 1U : 0U);
     for (const support::Message& message : stage.dialogs.messages)
         EXPECT_NE(message.text.find("Der Arbeitsspeicher reicht nicht aus."), std::string::npos);
-    ASSERT_TRUE(form.Enabled && !form.InHandler && form.Loaded);
-    ASSERT_FALSE(stage.programm.Frm_Progressbar.Visible);
+    ASSERT_TRUE(form.Enabled && !form.inHandler && form.loaded);
+    ASSERT_FALSE(stage.program.Frm_Progressbar.Visible);
     ASSERT_EQ(form.Grid[0].RowCount(), form.Coup);
     ASSERT_EQ(form.Grid[1].RowCount(), form.Coup);
     ASSERT_TRUE(std::equal(before.begin(), before.end(), all.begin(),
@@ -99,8 +99,7 @@ void holds(Stage& stage, const std::vector<int>& before, bool told) {
             each->check(0);
     }
     ASSERT_EQ(
-        support::difference(support::picture(stage.programm), support::picture(other.programm)),
-        "");
+        support::difference(support::picture(stage.program), support::picture(other.program)), "");
 }
 
 /// Lets allocation 0, `stride`, 2 * `stride` ... of `action` fail, each in a fresh program.
@@ -109,7 +108,7 @@ void failEverywhere(
     for (std::int64_t at = 0;; at += stride) {
         Stage stage;
         prepare(stage);
-        const auto before = support::numbers(stage.programm);
+        const auto before = support::numbers(stage.program);
         failed = false;
         failAfter = at;
         action(stage);
@@ -176,7 +175,7 @@ TEST(Memory, ALimitEndsARunWithAMessage) {
             stage.main.Text[0].Text = "1000000";
             std::int64_t seen = 0; // on the progress dialog behind the message
             stage.dialogs.onMessage = [&] {
-                seen = stage.programm.Frm_Progressbar.Lbl_Status.schritt;
+                seen = stage.program.Frm_Progressbar.Lbl_Status.step;
                 if (kilobytes >= 700) // a real box needs memory too
                     std::vector<char>(1 << 19).at(0) = 1;
             };
@@ -189,7 +188,7 @@ TEST(Memory, ALimitEndsARunWithAMessage) {
             room = Off;
             ASSERT_TRUE(failed);
             ASSERT_EQ(stage.dialogs.messages.size(), 1U);
-            EXPECT_TRUE(stage.main.Enabled && !stage.programm.Frm_Progressbar.Visible);
+            EXPECT_TRUE(stage.main.Enabled && !stage.program.Frm_Progressbar.Visible);
             EXPECT_EQ(seen, stage.main.Coup - 1);
             EXPECT_EQ(stage.main.Grid[0].RowCount(), stage.main.Coup);
             EXPECT_EQ(stage.main.Grid[1].RowCount(), stage.main.Coup);

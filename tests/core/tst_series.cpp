@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The random series: what may be typed, how much is drawn, what is shown meanwhile, and whether the
 // draws are as good as a wheel's.
-#include "files/zufall.h"
-#include "progress/lauf.h"
-#include "stats/zahlentext.h"
+#include "files/random.h"
+#include "progress/long_run.h"
+#include "stats/leading_number.h"
 #include "support/stage.h"
 
 #include <gtest/gtest.h>
@@ -22,11 +22,11 @@ TEST(Series, KeysThatReachTheBox) {
     }
     EXPECT_EQ(stage.key(-7), 0);
     std::int16_t letter = 'a';
-    Frm_Main::Text_KeyPress(stage.programm, stage.platform, 1, letter);
+    Frm_Main::Text_KeyPress(stage.program, stage.platform, 1, letter);
     EXPECT_EQ(letter, 'a');
     std::int16_t enter = 13;
     stage.main.Text[0].Text = "3";
-    Frm_Main::Text_KeyPress(stage.programm, stage.platform, 2, enter);
+    Frm_Main::Text_KeyPress(stage.program, stage.platform, 2, enter);
     EXPECT_EQ(stage.main.Coup, 0) << "Enter in a marking box draws nothing";
 }
 
@@ -41,17 +41,17 @@ TEST(Series, HowMuchIsDrawn) {
         EXPECT_EQ(stage.main.Coup, 1 + count) << "'" << text << "'";
         EXPECT_EQ(stage.main.Grid[0].ScrollRow().count, scrolls + 1);
         EXPECT_EQ(stage.main.Grid[0].ScrollRow().row, stage.main.Coup);
-        EXPECT_EQ(stage.main.FocusRequests, 1U);
-        EXPECT_TRUE(stage.main.Enabled && !stage.programm.Frm_Progressbar.Visible);
+        EXPECT_EQ(stage.main.focusRequests, 1U);
+        EXPECT_TRUE(stage.main.Enabled && !stage.program.Frm_Progressbar.Visible);
         EXPECT_EQ(stage.main.Text[0].Text, text);
         EXPECT_TRUE(stage.dialogs.messages.empty());
     }
     for (const std::string text : {"2147483648", "99999999999", "99999999999abc"}) {
         Stage stage;
         stage.main.Text[0].Text = text;
-        const auto before = support::state(stage.programm);
+        const auto before = support::state(stage.program);
         stage.draw(text);
-        EXPECT_EQ(support::difference(support::state(stage.programm), before), "");
+        EXPECT_EQ(support::difference(support::state(stage.program), before), "");
         EXPECT_EQ(stage.dialogs.messages,
             (std::vector{
                 support::Message{"Fehler", "Diese Anzahl ist zu groß.\nEs wurde kein Coup gezogen.",
@@ -59,19 +59,19 @@ TEST(Series, HowMuchIsDrawn) {
     }
     Stage stage;
     stage.events.onTurn = [&] {
-        EXPECT_EQ(stage.programm.Frm_Progressbar.xpProgress.Max, 2147483647.0);
-        Frm_Progressbar::xpButton_Click(stage.programm);
+        EXPECT_EQ(stage.program.Frm_Progressbar.xpProgress.Max, 2147483647.0);
+        Frm_Progressbar::xpButton_Click(stage.program);
     };
     stage.draw("2147483647");
     EXPECT_EQ(stage.events.turns, 1);
     EXPECT_TRUE(stage.main.Coup > 0 && stage.main.Coup < 100'000);
-    EXPECT_EQ(stage.programm.Frm_Progressbar.Abbruch, 0);
-    EXPECT_EQ(stats::Zahl_am_Anfang(std::string_view("1234", 2)), 12) << "behind the text's end";
+    EXPECT_EQ(stage.program.Frm_Progressbar.Abbruch, 0);
+    EXPECT_EQ(stats::leadingNumber(std::string_view("1234", 2)), 12) << "behind the text's end";
 }
 
 TEST(Series, StatusTexts) {
     const auto percent = [](std::int64_t i, std::int64_t n, std::int64_t p) {
-        EXPECT_EQ(progress::Statustext({41, n, i}),
+        EXPECT_EQ(progress::statusText({41, n, i}),
             " Status: Berechne 41 / " + std::to_string(n) + " (" + std::to_string(p) + " %)")
             << i << " of " << n;
     };
@@ -86,21 +86,21 @@ TEST(Series, StatusTexts) {
     percent(23, 40, 57); // a hair below 57.5 as a double
     percent(1, 100, 1);
     percent(1'000'000'000, 2'147'483'647, 47);
-    EXPECT_EQ(progress::Statustext({}), "");
+    EXPECT_EQ(progress::statusText({}), "");
     Stage stage;
     stage.draw("2");
     std::string shown;
     stage.events.onTurn = [&] {
-        const forms::ProgressForm& run = stage.programm.Frm_Progressbar;
-        shown = progress::Statustext(run.Lbl_Status);
-        EXPECT_EQ(run.xpProgress.Value, static_cast<double>(run.Lbl_Status.schritt));
+        const forms::ProgressForm& run = stage.program.Frm_Progressbar;
+        shown = progress::statusText(run.Lbl_Status);
+        EXPECT_EQ(run.xpProgress.Value, static_cast<double>(run.Lbl_Status.step));
     };
     stage.draw("3");
     EXPECT_EQ(shown, " Status: Berechne 5 / 3 (100 %)");
     stage.events.onTurn = [&] { EXPECT_EQ(stage.main.Enabled, false); };
     stage.draw("9000");
-    EXPECT_EQ(stage.programm.Frm_Progressbar.Lbl_Status.schritt, 0) << "the next run starts empty";
-    EXPECT_EQ(stage.programm.Frm_Progressbar.xpProgress.Max, 0);
+    EXPECT_EQ(stage.program.Frm_Progressbar.Lbl_Status.step, 0) << "the next run starts empty";
+    EXPECT_EQ(stage.program.Frm_Progressbar.xpProgress.Max, 0);
 }
 
 TEST(Series, TurnsComeEightMillisecondsAfterTheEndOfTheLastOne) {
@@ -124,15 +124,15 @@ TEST(Series, TurnsComeEightMillisecondsAfterTheEndOfTheLastOne) {
 }
 
 TEST(Series, ADrawsFloatBecomesANumber) {
-    EXPECT_EQ(Zufall::Zahl(0), 0);
-    EXPECT_EQ(Zufall::Zahl(std::nextafter(1.0F, 0.0F)), 36);
+    EXPECT_EQ(files::numberOf(0), 0);
+    EXPECT_EQ(files::numberOf(std::nextafter(1.0F, 0.0F)), 36);
     for (int z = 1; z <= 36; ++z) {
         // The float next to z / 37 on either side, told by exact products.
         float x = static_cast<float>(z) / 37.0F;
         while (static_cast<double>(x) * 37.0 >= z)
             x = std::nextafter(x, 0.0F);
-        EXPECT_EQ(Zufall::Zahl(x), z - 1);
-        EXPECT_EQ(Zufall::Zahl(std::nextafter(x, 1.0F)), z);
+        EXPECT_EQ(files::numberOf(x), z - 1);
+        EXPECT_EQ(files::numberOf(std::nextafter(x, 1.0F)), z);
     }
 }
 
@@ -152,11 +152,11 @@ TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
         float lowest = 1;
         float highest = 0;
         for (int i = 0; i < Draws; ++i) {
-            Zufall::Saeen(state, nanoseconds(clock(i)));
-            const float x = Zufall::Ziehen(state);
+            files::seed(state, nanoseconds(clock(i)));
+            const float x = files::draw(state);
             lowest = std::min(lowest, x);
             highest = std::max(highest, x);
-            const auto number = static_cast<std::size_t>(Zufall::Zahl(x));
+            const auto number = static_cast<std::size_t>(files::numberOf(x));
             ++single.at(number);
             ++pairs.at(37 * before + number);
             before = number;
@@ -180,15 +180,15 @@ TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
     stage.clock.step = {};
     stage.draw("300");
     stage.draw("300");
-    const auto all = support::numbers(stage.programm);
+    const auto all = support::numbers(stage.program);
     EXPECT_EQ(stage.events.turns, 0);
     EXPECT_EQ(std::set<int>(all.begin(), all.end()).size(), 37U);
     EXPECT_FALSE(std::equal(all.begin(), all.begin() + 300, all.begin() + 300));
     stage.reset();
     stage.clock.time += std::chrono::nanoseconds(1);
-    stage.programm.Zufall = 0;
+    stage.program.random = 0;
     stage.draw("600");
-    EXPECT_NE(support::numbers(stage.programm), all) << "the clock is mixed in";
+    EXPECT_NE(support::numbers(stage.program), all) << "the clock is mixed in";
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The program's tables against what is known of a roulette table and of the window's plan.
-#include "chances/familien.h"
+#include "chances/families.h"
 #include "forms/plan.h"
-#include "grids/familientabelle.h"
-#include "stats/m_chancen.h"
+#include "grids/families.h"
+#include "stats/counters.h"
 #include "support/reference.h"
 #include "support/stage.h"
 
@@ -37,7 +37,7 @@ TEST(Tables, CountersByTheirNames) {
     for (int n = 0; n <= 36; ++n) // number n falls n + 1 times: no two chances count alike
         for (int i = 0; i <= n; ++i)
             stage.click(n);
-    const forms::Programm& p = stage.programm;
+    const forms::Program& p = stage.program;
     const auto wanted = [](const char* chance, int index = 0) {
         const auto set = support::members(chance, index);
         return std::accumulate(set.begin(), set.end(), static_cast<std::int64_t>(set.size()));
@@ -58,13 +58,13 @@ TEST(Tables, CountersByTheirNames) {
 
 TEST(Tables, AnEntryThatIsNoneHasNoFamily) {
     for (int entry = -1; entry <= 7; ++entry)
-        EXPECT_EQ(grids::familie(entry) != nullptr, entry >= 0 && entry <= 6) << entry;
+        EXPECT_EQ(grids::family(entry) != nullptr, entry >= 0 && entry <= 6) << entry;
 }
 
 TEST(Tables, StartOfTheProgram) {
     const support::Stage stage;
     EXPECT_EQ(
-        support::difference(support::picture(stage.programm), support::Reference().picture()), "");
+        support::difference(support::picture(stage.program), support::Reference().picture()), "");
     const std::vector<std::string> families{"Noir/Rouge", "Pair/Impair", "Passe/Manque", "Kolonnen",
         "Dutzende", "Transversalen Simple", "Transversalen Plein"};
     EXPECT_EQ(stage.main.xpCombo[0].Items, families);

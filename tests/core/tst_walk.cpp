@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Random walks through the program's commands, compared with a plain second program after every
 // step: incremental equals worked out anew.
-#include "grids/sortierung_coup.h"
+#include "grids/placement.h"
 #include "support/reference.h"
 #include "support/stage.h"
 
@@ -90,7 +90,7 @@ private:
 
     void draw() {
         stage.draw(std::to_string(below(40)));
-        const auto all = support::numbers(stage.programm);
+        const auto all = support::numbers(stage.program);
         for (std::size_t i = reference.coups.size(); i < all.size(); ++i)
             reference.coup(all[i]);
     }
@@ -106,7 +106,7 @@ private:
             = std::tuple(form.xpCombo[0].ListIndex, form.Check[0].Value, form.Coup, form.Plein);
         std::tie(form.xpCombo[0].ListIndex, form.Check[0].Value, form.Coup, form.Plein)
             = std::tuple(family, mode, static_cast<std::int64_t>(row + 1), reference.coups[row]);
-        M_Permanenz::Sortierung_Coup(stage.programm);
+        M_Permanenz::Sortierung_Coup(stage.program);
         std::tie(form.xpCombo[0].ListIndex, form.Check[0].Value, form.Coup, form.Plein) = old;
         Reference other = reference;
         other.family = family;
@@ -156,12 +156,12 @@ TEST(Walk, EqualsThePlainProgramAfterEveryStep) {
         Walk walk(seed);
         int done = -1;
         for (int i = 0; i < 90; ++i) {
-            ASSERT_EQ(support::difference(
-                          support::picture(walk.stage.programm), walk.reference.picture()),
+            ASSERT_EQ(
+                support::difference(support::picture(walk.stage.program), walk.reference.picture()),
                 "")
                 << "seed " << seed << ", step " << i << ", command " << done;
             done = walk.step();
-            wide = wide || walk.stage.main.Grid[0].Ids().capacity() > 255;
+            wide = wide || walk.stage.main.Grid[0].ids().capacity() > 255;
         }
         EXPECT_TRUE(walk.stage.dialogs.messages.empty());
     }
@@ -198,13 +198,13 @@ TEST(Walk, ReadyMadeRowsEqualSingleWrites) {
                         if (!marks[static_cast<std::size_t>(k)].empty())
                             view.Row(r).Cell(k, marks[static_cast<std::size_t>(k)]);
                     const auto pattern = [r](const controls::Grid& grid) {
-                        return grid.Pattern(grid.PatternOf(r));
+                        return grid.pattern(grid.patternOf(r));
                     };
                     ASSERT_TRUE(pattern(view) == pattern(stage.main.Grid[0])
                         && pattern(store) == pattern(stage.main.Grid[1]))
                         << "number " << number << ", family " << family << ", row " << r;
                 }
-                ASSERT_EQ(stage.main.Grid[0].PatternOf(1), stage.main.Grid[0].PatternOf(2));
+                ASSERT_EQ(stage.main.Grid[0].patternOf(1), stage.main.Grid[0].patternOf(2));
             }
         }
 }
@@ -224,8 +224,7 @@ TEST(Walk, ReadyMadeRowsGoWithFamilyAndMode) {
             reference.toggleCodes();
             stage.click(36);
             reference.coup(36);
-            ASSERT_EQ(
-                support::difference(support::picture(stage.programm), reference.picture()), "")
+            ASSERT_EQ(support::difference(support::picture(stage.program), reference.picture()), "")
                 << "family " << entry;
         }
     }
@@ -240,7 +239,7 @@ TEST(Walk, ReadyMadeRowsDontOutliveASweep) {
             stage.click(number);
             reference.coup(number);
         }
-        ASSERT_EQ(support::difference(support::picture(stage.programm), reference.picture()), "");
+        ASSERT_EQ(support::difference(support::picture(stage.program), reference.picture()), "");
         // No row looks like a coup any more, and every pattern number is given out anew.
         for (int i = 0; i < 600; ++i)
             for (std::size_t row = 0; row < reference.coups.size(); ++row) {
@@ -255,18 +254,18 @@ TEST(Walk, ReadyMadeRowsDontOutliveASweep) {
     stage.click(5);
     reference.coup(5);
     const std::int64_t last = std::exchange(stage.main.Coup, 1);
-    M_Permanenz::Sortierung_Coup(stage.programm);
+    M_Permanenz::Sortierung_Coup(stage.program);
     stage.main.Coup = last;
     reference.place(1);
     stage.load("5");
     reference.coup(5);
-    EXPECT_EQ(support::difference(support::picture(stage.programm), reference.picture()), "");
+    EXPECT_EQ(support::difference(support::picture(stage.program), reference.picture()), "");
 }
 
 TEST(Walk, RowsNotYetReachedByAResortKeepTheirOldMarks) {
     Stage stage;
     stage.draw("20000");
-    const auto numbers = support::numbers(stage.programm);
+    const auto numbers = support::numbers(stage.program);
     int looks = 0;
     bool between = false;
     stage.events.onPaint = [&] {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The program's state as lines of text.
-#include "progress/lauf.h"
-#include "stats/m_chancen.h"
-#include "stats/m_tableau.h"
+#include "progress/long_run.h"
+#include "stats/counters.h"
+#include "stats/tableau.h"
 #include "support/reference.h"
 #include "support/stage.h"
 
@@ -33,8 +33,8 @@ void rows(std::vector<std::string>& text, const controls::Grid& grid) {
 
 } // namespace
 
-std::vector<std::string> picture(const forms::Programm& programm) {
-    const forms::MainForm& form = programm.Frm_Main;
+std::vector<std::string> picture(const forms::Program& program) {
+    const forms::MainForm& form = program.Frm_Main;
     std::vector<std::string> text{"Coup " + std::to_string(form.Coup) + " Plein "
         + std::to_string(form.Plein) + " family " + std::to_string(form.xpCombo[0].ListIndex)
         + " codes " + std::to_string(form.Check[0].Value) + " lines "
@@ -45,12 +45,12 @@ std::vector<std::string> picture(const forms::Programm& programm) {
             {Name::XPLabel_K, 3}, {Name::XPLabel_D, 3}, {Name::XPLabel_TVS, 11},
             {Name::XPLabel_TVP, 14}, {Name::Label, 4}}})
         for (int i = label == Name::Label ? 4 : std::min(last, 1); i <= last; ++i)
-            text.push_back(M_Chancen::Beschriftung(programm, label, i));
+            text.push_back(M_Chancen::captionOf(program, label, i));
     for (int n = 0; n <= 36; ++n) {
-        text.push_back(M_Chancen::Beschriftung(programm, Name::XPLabel_Plein, n) + " in "
-            + std::to_string(M_Chancen::Farbe_Plein(programm, n)));
-        text.push_back(cell("pad", n, M_Tableau::Farben_Pad(programm, n)));
-        text.push_back(cell("tableau", n, M_Tableau::Farben_Tableauzahl(programm, n)));
+        text.push_back(M_Chancen::captionOf(program, Name::XPLabel_Plein, n) + " in "
+            + std::to_string(M_Chancen::badgeColor(program, n)));
+        text.push_back(cell("pad", n, M_Tableau::padColors(program, n)));
+        text.push_back(cell("tableau", n, M_Tableau::tableauColors(program, n)));
     }
     for (std::size_t i : {1U, 2U})
         text.push_back("box '" + form.Text[i].Text + "' " + std::to_string(form.Text[i].BackColor)
@@ -65,20 +65,20 @@ std::vector<std::string> picture(const forms::Programm& programm) {
     return text;
 }
 
-std::vector<std::string> state(const forms::Programm& programm) {
-    const forms::MainForm& form = programm.Frm_Main;
-    const forms::ProgressForm& run = programm.Frm_Progressbar;
-    std::vector<std::string> text = picture(programm);
-    for (const auto& value : {std::uint64_t{form.Loaded}, std::uint64_t{form.Visible},
-             std::uint64_t{form.Enabled}, form.FocusRequests, std::uint64_t{form.InHandler},
-             std::uint64_t{form.CloseRequested}, form.Grid[0].ScrollRow().count,
+std::vector<std::string> state(const forms::Program& program) {
+    const forms::MainForm& form = program.Frm_Main;
+    const forms::ProgressForm& run = program.Frm_Progressbar;
+    std::vector<std::string> text = picture(program);
+    for (const auto& value : {std::uint64_t{form.loaded}, std::uint64_t{form.Visible},
+             std::uint64_t{form.Enabled}, form.focusRequests, std::uint64_t{form.inHandler},
+             std::uint64_t{form.closeRequested}, form.Grid[0].ScrollRow().count,
              static_cast<std::uint64_t>(form.Grid[0].ScrollRow().row),
              static_cast<std::uint64_t>(form.Check[1].Value), std::uint64_t{run.Visible},
              std::uint64_t{run.Abbruch}, std::uint64_t{run.xpButton.Enabled},
-             std::uint64_t{programm.Frm_Info.Visible}, programm.Frm_Info.FocusRequests})
+             std::uint64_t{program.Frm_Info.Visible}, program.Frm_Info.focusRequests})
         text.push_back(std::to_string(value));
     text.push_back(form.Text[0].Text + "|" + form.FileName + "|"
-        + progress::Statustext(run.Lbl_Status) + "|" + std::to_string(run.xpProgress.Max) + "|"
+        + progress::statusText(run.Lbl_Status) + "|" + std::to_string(run.xpProgress.Max) + "|"
         + std::to_string(run.xpProgress.Value));
     return text;
 }
@@ -93,9 +93,9 @@ std::string difference(const std::vector<std::string>& is, const std::vector<std
     return {};
 }
 
-std::vector<int> numbers(const forms::Programm& programm) {
+std::vector<int> numbers(const forms::Program& program) {
     std::vector<int> all;
-    const controls::Grid& store = programm.Frm_Main.Grid[1];
+    const controls::Grid& store = program.Frm_Main.Grid[1];
     for (std::int64_t row = 1; row <= store.RowCount(); ++row)
         all.push_back(std::stoi(store.Row(row).Cell(2)));
     return all;

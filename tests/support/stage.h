@@ -19,28 +19,28 @@ struct Stage {
     Registry registry;
     Processes processes;
     platform::Platform platform{events, dialogs, files, clock, media, registry, processes};
-    forms::Programm programm;
-    forms::MainForm& main = programm.Frm_Main;
+    forms::Program program;
+    forms::MainForm& main = program.Frm_Main;
 
     Stage() {
-        Frm_Main::Form_Load(programm);
+        Frm_Main::Form_Load(program);
         main.Visible = true;
     }
 
-    void click(int number) { Frm_Main::xpLabel_Tableau_Click(programm, platform, number); }
-    void button(int index) { Frm_Main::xpButton_Click(programm, platform, index); }
-    void family(int entry) { Frm_Main::xpCombo_Click(programm, platform, entry); }
-    void check(int index) { Frm_Main::Check_Click(programm, platform, index); }
+    void click(int number) { Frm_Main::xpLabel_Tableau_Click(program, platform, number); }
+    void button(int index) { Frm_Main::xpButton_Click(program, platform, index); }
+    void family(int entry) { Frm_Main::xpCombo_Click(program, platform, entry); }
+    void check(int index) { Frm_Main::Check_Click(program, platform, index); }
     void undo() { button(0); }
     void reset() { button(1); }
     /// Types a key into the count box; gives what is left of it.
     int key(int code) {
         auto ascii = static_cast<std::int16_t>(code);
-        Frm_Main::Text_KeyPress(programm, platform, 0, ascii);
+        Frm_Main::Text_KeyPress(program, platform, 0, ascii);
         return ascii;
     }
     void draw(const std::string& count) {
-        Frm_Main::Text_Change(programm, 0, count);
+        Frm_Main::Text_Change(program, 0, count);
         key(13);
     }
     void load(const std::string& text) {
@@ -56,20 +56,20 @@ struct Stage {
     }
     void mark(int box, const std::string& answer) {
         dialogs.answer = answer;
-        Frm_Main::Text_Click(programm, platform, box);
+        Frm_Main::Text_Click(program, platform, box);
     }
 };
 
 /// Everything that is shown or kept, line by line, read through the models.
-std::vector<std::string> picture(const forms::Programm& programm);
+std::vector<std::string> picture(const forms::Program& program);
 
 /// picture() and the rest of the state: focus, scrolling, what is enabled and open.
-std::vector<std::string> state(const forms::Programm& programm);
+std::vector<std::string> state(const forms::Program& program);
 
 /// Nothing, or the first line in which two pictures differ.
 std::string difference(const std::vector<std::string>& is, const std::vector<std::string>& wanted);
 
 /// The numbers of the permanence, as the store holds them.
-std::vector<int> numbers(const forms::Programm& programm);
+std::vector<int> numbers(const forms::Program& program);
 
 } // namespace support

@@ -7,9 +7,9 @@
 //   files_trial kill FILE TRIALS SEED    kills a saving child at random moments
 //
 // Every message that a user would see is printed; the exit code is 3 if there was one.
-#include "coup/m_permanenz.h"
+#include "coup/pipeline.h"
+#include "desktop/linux/files.h"
 #include "support/stage.h"
-#include "window/files.h"
 
 #include <atomic>
 #include <cstdio>
@@ -34,20 +34,20 @@ constexpr int Told = 3;
 /// A started program with this computer's files and scripted answers.
 struct Program {
     support::Stage stage;
-    window::Files files;
+    desktop::Files files;
     platform::Platform platform{stage.events, stage.dialogs, files, stage.clock, stage.media,
         stage.registry, stage.processes};
 
     void press(int button, const std::string& file) {
         stage.dialogs.chosen = file;
-        Frm_Main::xpButton_Click(stage.programm, platform, button);
+        Frm_Main::xpButton_Click(stage.program, platform, button);
     }
     void take(std::int64_t count, int first, int step) {
         std::vector<std::uint8_t> numbers(static_cast<std::size_t>(count));
         for (std::size_t i = 0; i < numbers.size(); ++i)
             numbers[i]
                 = static_cast<std::uint8_t>((first + static_cast<std::int64_t>(i) * step) % 37);
-        M_Permanenz::Coups_Aufnehmen(stage.programm, numbers);
+        M_Permanenz::takeCoups(stage.program, numbers);
     }
     int tell() const {
         for (const support::Message& message : stage.dialogs.messages)
@@ -70,7 +70,7 @@ int save(const std::string& file, std::int64_t count) {
     program.take(count, 0, 7);
     program.press(3, file);
     const auto& main = program.stage.main;
-    if (main.Coup != count || !main.Enabled || main.InHandler)
+    if (main.Coup != count || !main.Enabled || main.inHandler)
         std::cout << "Fault: saving has changed the program\n";
     return program.tell();
 }
@@ -101,7 +101,7 @@ int load(const std::string& file, const std::string& how) {
     std::int64_t sum = 0;
     for (std::int64_t row = 2; row <= main.Grid[1].RowCount(); ++row)
         sum += std::stoi(main.Grid[1].Row(row).Cell(2));
-    if (!main.Enabled || main.InHandler || main.Grid[0].RowCount() != main.Coup)
+    if (!main.Enabled || main.inHandler || main.Grid[0].RowCount() != main.Coup)
         std::cout << "Fault: the program is not itself after the load\n";
     std::cout << main.Coup - 1 << " coups, sum " << sum << ", peak " << peak() << " MB\n";
     return program.tell();

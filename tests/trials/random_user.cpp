@@ -3,15 +3,15 @@
 // action that all of the program still agrees with itself and with a plain second program.
 //
 //   random_user ACTIONS SEED
-#include "stats/m_chancen.h"
+#include "look/control_names.h"
+#include "look/style.h"
+#include "stats/counters.h"
 #include "support/reference.h"
 #include "support/stage.h"
 #include "window/application.h"
-#include "window/control_names.h"
-#include "window/grid_view.h"
-#include "window/pad_view.h"
-#include "window/style.h"
-#include "window/tableau_view.h"
+#include "window/grid/grid_view.h"
+#include "window/tableau/pad_view.h"
+#include "window/tableau/tableau_view.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -77,10 +77,10 @@ private:
     }
     template <class Widget = QWidget>
     Widget* find(Name name, int index) const {
-        return main_->findChild<Widget*>(window::controlName(name, index));
+        return main_->findChild<Widget*>(look::controlName(name, index));
     }
     int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(random_); }
-    const forms::Programm& programm() const { return pad_->programm(); }
+    const forms::Program& program() const { return pad_->program(); }
 
     void press(Name name, int index) {
         main_->refresh(); // it may still show the run that has just ended
@@ -191,19 +191,19 @@ private:
         QTest::keyClicks(box, QString::number(count));
         cancels_ = stops;
         QTest::keyClick(box, Qt::Key_Return);
-        const auto taken = programm().Frm_Main.Coup - std::ssize(reference_.coups);
+        const auto taken = program().Frm_Main.Coup - std::ssize(reference_.coups);
         demand(stops ? taken < LongSeries : taken == count, "as many coups as were asked for");
         if (!stops)
             return adopt();
         press(Name::xpButton, 1); // too many to look at each
         reference_.reset();
         if (taken > 0)
-            reference_.plein = programm().Frm_Main.Plein;
+            reference_.plein = program().Frm_Main.Plein;
     }
 
     /// Takes over what the store holds beyond the second program's coups.
     void adopt() {
-        const auto all = support::numbers(programm());
+        const auto all = support::numbers(program());
         for (std::size_t i = reference_.coups.size(); i < all.size(); ++i)
             reference_.coup(all[i]);
     }
@@ -285,8 +285,8 @@ private:
 
     void check() {
         main_->refresh();
-        const forms::MainForm& form = programm().Frm_Main;
-        const auto is = support::picture(programm());
+        const forms::MainForm& form = program().Frm_Main;
+        const auto is = support::picture(program());
         const auto wanted = reference_.picture();
         for (std::size_t i = 0; i < std::max(is.size(), wanted.size()) && !failed; ++i)
             if (i >= is.size() || i >= wanted.size() || is[i] != wanted[i])
@@ -296,7 +296,7 @@ private:
                         .c_str());
         demand(form.Grid[0].RowCount() == form.Coup && form.Grid[1].RowCount() == form.Coup,
             "rows equal coups");
-        demand(form.Enabled && !form.InHandler && !programm().Frm_Progressbar.Visible,
+        demand(form.Enabled && !form.inHandler && !program().Frm_Progressbar.Visible,
             "no run is under way");
         support::Reference fresh;
         fresh.asCodes = reference_.asCodes;
@@ -317,7 +317,7 @@ private:
         for (int i = 0; i < TableauView::LabelCount; ++i) {
             const auto& label = plan::CounterLabels[static_cast<std::size_t>(i)];
             demand(tableau->itemText(i).toStdString()
-                    == M_Chancen::Beschriftung(programm(), label.name, label.index),
+                    == M_Chancen::captionOf(program(), label.name, label.index),
                 "a label equals its counter");
         }
         for (int n = 0; n <= 36; ++n)
@@ -325,14 +325,14 @@ private:
                     == std::count(reference_.coups.begin(), reference_.coups.end(), n),
                 "a badge equals a recount");
         demand(find<QLabel>(Name::Label, 4)->text().toStdString()
-                == M_Chancen::Beschriftung(programm(), Name::Label, 4),
+                == M_Chancen::captionOf(program(), Name::Label, 4),
             "the label of fallen numbers");
         for (int box : {1, 2})
             demand(find<QLineEdit>(Name::Text, box)->text().toStdString()
                     == reference_.box[static_cast<std::size_t>(box)],
                 "a marking box");
         const auto* grid = main_->findChild<window::GridView*>();
-        const std::int64_t rows = programm().Frm_Main.Coup;
+        const std::int64_t rows = program().Frm_Main.Coup;
         demand(grid->top() >= 0 && grid->top() <= std::max<std::int64_t>(rows - 1, 0),
             "the first row in view");
         if (std::exchange(scrolled_, false))
@@ -366,7 +366,7 @@ int main(int argc, char* argv[]) {
     if (argc != 3)
         return 2;
     QApplication application(argc, argv);
-    window::applyStyle(application);
+    look::applyStyle(application);
     window::Application kestrelwood("0.1.0");
     User user(std::stoi(argv[1]), static_cast<unsigned>(std::stoul(argv[2])));
     const int code = kestrelwood.run();

@@ -119,17 +119,17 @@ std::vector<int> draw(std::uint64_t state, bool standing, const std::string& dra
     platform::Clock& clock = standing ? static_cast<platform::Clock&>(still) : real;
     platform::Platform platform{stage.events, stage.dialogs, stage.files, clock, stage.media,
         stage.registry, stage.processes};
-    stage.programm.Zufall = state;
-    Frm_Main::Text_Change(stage.programm, 0, draws);
+    stage.program.random = state;
+    Frm_Main::Text_Change(stage.program, 0, draws);
     std::int16_t enter = 13;
-    Frm_Main::Text_KeyPress(stage.programm, platform, 0, enter);
+    Frm_Main::Text_KeyPress(stage.program, platform, 0, enter);
     std::array<int, 256> numberOf{};
     numberOf.fill(-1);
     const controls::Grid& store = stage.main.Grid[1];
     std::vector<int> series;
     series.reserve(static_cast<std::size_t>(store.RowCount()));
     for (std::int64_t row = 1; row <= store.RowCount(); ++row) {
-        int& number = numberOf.at(store.PatternOf(row));
+        int& number = numberOf.at(store.patternOf(row));
         if (number < 0)
             number = std::stoi(store.Row(row).Cell(2));
         series.push_back(number);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Runs the window's tests within one application that looks like the program.
-#include "window/style.h"
+#include "look/style.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +12,6 @@ int main(int argc, char* argv[]) {
     if (testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     QApplication application(argc, argv);
-    window::applyStyle(application);
+    look::applyStyle(application);
     return RUN_ALL_TESTS();
 }

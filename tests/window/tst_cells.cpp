@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Number pad and tableau as a user meets them: by mouse, by keyboard, through a screen reader.
+#include "desktop/desktop.h"
+#include "look/style.h"
 #include "shell/handlers.h"
-#include "stats/m_tableau.h"
-#include "window/pad_accessible.h"
-#include "window/pad_view.h"
-#include "window/real_platform.h"
-#include "window/style.h"
-#include "window/tableau_accessible.h"
-#include "window/tableau_view.h"
+#include "stats/tableau.h"
+#include "window/tableau/pad_accessible.h"
+#include "window/tableau/pad_view.h"
+#include "window/tableau/tableau_accessible.h"
+#include "window/tableau/tableau_view.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ using window::TableauView;
 class CellsTest : public testing::Test {
 protected:
     CellsTest() {
-        Frm_Main::Form_Load(programm);
+        Frm_Main::Form_Load(program);
         QAccessible::installFactory(window::padAccessible);
         QAccessible::installFactory(window::tableauAccessible);
         panels.resize(800, 700);
@@ -75,11 +75,11 @@ protected:
         tableau->refresh();
     }
 
-    std::int64_t coups() const { return programm.Frm_Main.Coup; }
+    std::int64_t coups() const { return program.Frm_Main.Coup; }
     std::vector<std::string> permanence() const {
         std::vector<std::string> numbers;
         for (std::int64_t row = 1; row <= coups(); ++row)
-            numbers.push_back(std::string(programm.Frm_Main.Grid[1].Row(row).Cell(2)));
+            numbers.push_back(std::string(program.Frm_Main.Grid[1].Row(row).Cell(2)));
         return numbers;
     }
 
@@ -88,9 +88,9 @@ protected:
         return widget->grab().toImage().pixelColor(place.topLeft() + QPoint(2, 2));
     }
 
-    forms::Programm programm;
-    window::RealPlatform real{[] {}, []() -> QWidget* { return nullptr; }};
-    window::Session session{programm, real.platform()};
+    forms::Program program;
+    desktop::RealPlatform real{[] {}, []() -> QWidget* { return nullptr; }};
+    window::Session session{program, real.platform()};
     QWidget panels;
     PadView* pad = nullptr;
     TableauView* tableau = nullptr;
@@ -100,7 +100,7 @@ TEST_F(CellsTest, EveryClickEntersOneCoup) {
     for (int number = 0; number < 37; ++number) {
         press(number);
         release(number);
-        EXPECT_EQ(programm.Frm_Main.Plein, number);
+        EXPECT_EQ(program.Frm_Main.Plein, number);
     }
     EXPECT_EQ(coups(), 37);
     // The second click of a double click comes as an event of its own kind.
@@ -126,11 +126,11 @@ TEST_F(CellsTest, WhatIsNoClickEntersNothing) {
 
     // A run that starts while a cell is held down swallows the click.
     press(5);
-    programm.Frm_Main.Enabled = false;
+    program.Frm_Main.Enabled = false;
     refresh();
     release(5);
     key(Qt::Key_Space);
-    programm.Frm_Main.Enabled = true;
+    program.Frm_Main.Enabled = true;
     refresh();
     release(5);
     EXPECT_EQ(coups(), 0);
@@ -153,7 +153,7 @@ TEST_F(CellsTest, KeysMoveAndEnter) {
         {{Qt::Key_End, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up, Qt::Key_Space}, {"32"}},
     };
     for (const Case& each : cases) {
-        Frm_Main::xpButton_Click(programm, real.platform(), 1);
+        Frm_Main::xpButton_Click(program, real.platform(), 1);
         for (const int code : each.keys)
             key(code);
         EXPECT_EQ(permanence(), each.numbers);
@@ -228,7 +228,7 @@ TEST_F(CellsTest, OnlyWhatChangedIsRepainted) {
 
 TEST_F(CellsTest, EveryCountUpToEightDigitsFits) {
     for (int number = 0; number < 37; ++number) {
-        auto& counts = programm.Chancen.Anz_Plein;
+        auto& counts = program.counters.Anz_Plein;
         counts = {};
         counts[static_cast<std::size_t>(number)] = 88'888'888;
         tableau->refresh();
@@ -240,7 +240,7 @@ TEST_F(CellsTest, EveryCountUpToEightDigitsFits) {
 TEST(StyleTest, SpeaksGermanAndStaysLightEverywhere) {
     QLocale::setDefault(QLocale::c());
     QApplication::setPalette(QPalette(Qt::black));
-    window::applyStyle(*qApp);
+    look::applyStyle(*qApp);
     EXPECT_EQ(QLocale().toString(12.5), QStringLiteral("12,5"));
     EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Abbrechen"));
     const QPalette palette = QApplication::palette();
@@ -248,16 +248,16 @@ TEST(StyleTest, SpeaksGermanAndStaysLightEverywhere) {
         EXPECT_GT(palette.color(role).lightness(), 230);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         EXPECT_EQ(palette.color(role), QColor(Qt::black));
-    EXPECT_EQ(window::toColor(controls::GreyText), QColor(128, 128, 128));
+    EXPECT_EQ(look::toColor(controls::GreyText), QColor(128, 128, 128));
 }
 
 TEST(FitTest, NarrowsThenShrinksThenCuts) {
-    const QFont font = window::toFont({975, true, false});
+    const QFont font = look::toFont({975, true, false});
     const QString text = QStringLiteral("Transversalen");
     const int whole = QFontMetrics(font).horizontalAdvance(text);
-    EXPECT_EQ(window::fitted(font, text, whole).font, font);
+    EXPECT_EQ(look::fitted(font, text, whole).font, font);
     for (int width = whole; width > 0; --width) {
-        const window::Fit fit = window::fitted(font, text, width);
+        const look::Fit fit = look::fitted(font, text, width);
         EXPECT_LE(QFontMetrics(fit.font).horizontalAdvance(fit.text), width);
         EXPECT_TRUE(fit.text == text || fit.text.endsWith(QChar(0x2026)) || width < 12)
             << fit.text.toStdString();
@@ -304,7 +304,7 @@ TEST_F(CellsTest, ThePadIsAGroupOfButtons) {
     EXPECT_TRUE(seventeen->state().focused);
     EXPECT_FALSE(group->child(16)->state().focused);
 
-    programm.Frm_Main.Enabled = false;
+    program.Frm_Main.Enabled = false;
     EXPECT_TRUE(seventeen->state().disabled);
     press->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(coups(), 3);
@@ -316,8 +316,8 @@ TEST_F(CellsTest, TheTableauSpeaksItsCounts) {
     ASSERT_EQ(group->childCount(), 37 + 37 + 37);
     pad->enter(2);
     pad->enter(2);
-    programm.Frm_Main.Text[1].Text = "2";
-    M_Tableau::Tableau_Aktualisieren(programm);
+    program.Frm_Main.Text[1].Text = "2";
+    M_Tableau::Tableau_Aktualisieren(program);
     refresh();
     std::set<QString> names;
     for (int item = 0; item < group->childCount(); ++item) {

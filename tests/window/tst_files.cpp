@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Files under real conditions: what is refused, what a replaced file keeps, what a failure leaves.
-#include "window/files.h"
+#include "desktop/linux/files.h"
 
 #include <gtest/gtest.h>
 
@@ -58,7 +58,7 @@ protected:
     }
 
     fs::path folder;
-    window::Files files;
+    desktop::Files files;
 };
 
 /// Root may do everything; this makes the test an ordinary user for a while.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The sorted view on screen: its columns, its scrolling, its pixels, and what a screen reader gets.
-#include "window/grid_accessible.h"
-#include "window/grid_view.h"
+#include "window/grid/grid_accessible.h"
+#include "window/grid/grid_view.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -32,7 +32,7 @@ void addColumns(Grid& grid) {
 
 RowPattern pattern(const char* mark, bool red) {
     RowPattern row;
-    row.Serial(true);
+    row.serial(true);
     row.Cell(2, mark);
     for (int j = 2; red && j <= 16; ++j)
         row.CellColor(j, controls::Red);
@@ -41,8 +41,8 @@ RowPattern pattern(const char* mark, bool red) {
 
 /// Adds rows in whole stretches; pushing 100 million one by one would take its time.
 void addRows(Grid& grid, std::int64_t count) {
-    const controls::PatternId id = grid.Intern(pattern("17", false));
-    grid.Ids().visit([&](auto& ids) {
+    const controls::PatternId id = grid.intern(pattern("17", false));
+    grid.ids().visit([&](auto& ids) {
         for (std::int64_t left = count; left > 0;) {
             const auto spare = ids.spare();
             const auto part = std::min<std::int64_t>(left, static_cast<std::int64_t>(spare.size()));

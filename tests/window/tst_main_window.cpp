@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The main window as its user meets it: places, keys, wheel, and what it refuses during a run.
+#include "look/control_names.h"
+#include "look/style.h"
 #include "support/stage.h"
-#include "window/control_names.h"
-#include "window/main_window.h"
-#include "window/style.h"
+#include "window/forms/main_window.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ protected:
 
     template <class Widget = QWidget>
     Widget* find(Name name, int index) {
-        return main.findChild<Widget*>(window::controlName(name, index));
+        return main.findChild<Widget*>(look::controlName(name, index));
     }
     void focus(Name name, int index) { find(name, index)->setFocus(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
@@ -59,7 +59,7 @@ protected:
     QString focused() const { return main.focusWidget() ? main.focusWidget()->objectName() : ""; }
 
     support::Stage stage;
-    window::MainWindow main{window::Session{stage.programm, stage.platform}};
+    window::MainWindow main{window::Session{stage.program, stage.platform}};
     QLineEdit& count = *find<QLineEdit>(Name::Text, 0);
 };
 
@@ -69,11 +69,11 @@ TEST_F(MainWindowTest, ControlsStandWhereThePlanPutsThem) {
     const auto check = [&](const plan::Control& panel, const auto& controls) {
         const auto* frame = find(panel.name, panel.index);
         ASSERT_TRUE(frame);
-        EXPECT_EQ(frame->geometry(), window::toPixels(panel.place));
+        EXPECT_EQ(frame->geometry(), look::toPixels(panel.place));
         for (const plan::Control& control : controls) {
             const auto* widget = find(control.name, control.index);
             ASSERT_TRUE(widget) << control.caption;
-            const QRect wanted = window::toPixels(control.place);
+            const QRect wanted = look::toPixels(control.place);
             const QRect place = widget->geometry();
             EXPECT_EQ(widget->parentWidget(), frame);
             EXPECT_EQ(place.topLeft(), wanted.topLeft()) << control.caption;
@@ -90,7 +90,7 @@ TEST_F(MainWindowTest, ControlsStandWhereThePlanPutsThem) {
     check(plan::Panels[2], plan::Tableau);
     stage.main.Grid[0].Width = 4710;
     main.refresh();
-    EXPECT_EQ(find(Name::Grid, 0)->geometry(), window::toPixels({120, 720, 4710, 9255}));
+    EXPECT_EQ(find(Name::Grid, 0)->geometry(), look::toPixels({120, 720, 4710, 9255}));
 }
 
 TEST_F(MainWindowTest, LabelsKeepClearOfWhatStandsBehindThem) {
@@ -244,10 +244,10 @@ TEST_F(MainWindowTest, TheWheelNeverChoosesAFamily) {
     press(Qt::Key_Down);
     EXPECT_EQ(stage.main.xpCombo[0].ListIndex, 1);
     EXPECT_EQ(box.currentText().toStdString(), "Pair/Impair");
-    stage.main.InHandler = true; // a choice that is refused leaves no trace
+    stage.main.inHandler = true; // a choice that is refused leaves no trace
     press(Qt::Key_Down);
     EXPECT_EQ(box.currentText().toStdString(), "Pair/Impair");
-    stage.main.InHandler = false;
+    stage.main.inHandler = false;
 }
 
 TEST_F(MainWindowTest, DuringARunNothingGetsInAndNothingTurnsGrey) {
@@ -273,7 +273,7 @@ TEST_F(MainWindowTest, DuringARunNothingGetsInAndNothingTurnsGrey) {
             if (name != "Label(4)") {
                 EXPECT_LT(distance(picture, before.at(name)), 32) << name; // grey text is 100 off
             }
-        const auto state = support::state(stage.programm);
+        const auto state = support::state(stage.program);
         for (auto* button : main.findChildren<QAbstractButton*>()) {
             button->click();
             if (QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(button))
@@ -290,7 +290,7 @@ TEST_F(MainWindowTest, DuringARunNothingGetsInAndNothingTurnsGrey) {
         QTest::mouseClick(find(Name::Text, 1), Qt::LeftButton);
         QTest::keyClick(find(Name::xpCombo, 0), Qt::Key_Down);
         QTest::qWait(250); // longer than a pressed button takes to spring back
-        EXPECT_EQ(support::state(stage.programm), state);
+        EXPECT_EQ(support::state(stage.program), state);
         EXPECT_TRUE(stage.dialogs.asked.empty());
     };
     press(Qt::Key_Return);
@@ -309,7 +309,7 @@ TEST_F(MainWindowTest, ClosingIsLeftToTheProgram) {
     stage.draw("1000000");
     EXPECT_EQ(turns, 2) << "the run leaves its loop";
     EXPECT_EQ(stage.processes.ends, 1);
-    EXPECT_FALSE(stage.main.Loaded);
+    EXPECT_FALSE(stage.main.loaded);
 }
 
 } // namespace

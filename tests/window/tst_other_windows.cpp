@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Splash, progress dialog and info dialog: what closes them, what doesn't, and the rippling
 // picture.
-#include "progress/lauf.h"
+#include "look/control_names.h"
+#include "look/style.h"
+#include "progress/long_run.h"
 #include "support/stage.h"
-#include "window/control_names.h"
-#include "window/info_window.h"
-#include "window/progress_window.h"
-#include "window/start_window.h"
-#include "window/style.h"
-#include "window/water_surface.h"
+#include "window/forms/info_window.h"
+#include "window/forms/progress_window.h"
+#include "window/forms/start_window.h"
+#include "window/forms/water_surface.h"
 
 #include <gtest/gtest.h>
 
@@ -30,12 +30,12 @@ protected:
 
     template <class Widget>
     static Widget* find(const QWidget& window, Name name, int index = 0) {
-        return window.findChild<Widget*>(window::controlName(name, index));
+        return window.findChild<Widget*>(look::controlName(name, index));
     }
     template <std::size_t n>
     static void expectPlaces(const QWidget& window, const std::array<plan::Control, n>& controls) {
         for (const plan::Control& control : controls) {
-            const QRect wanted = window::toPixels(control.place);
+            const QRect wanted = look::toPixels(control.place);
             const auto* widget = find<QWidget>(window, control.name, control.index);
             if (control.name == Name::Picture2)
                 continue; // never seen
@@ -49,12 +49,12 @@ protected:
     }
 
     support::Stage stage;
-    window::Session session{stage.programm, stage.platform};
+    window::Session session{stage.program, stage.platform};
 };
 
 TEST_F(WindowsTest, TheSplashStaysForThreeTicksWhateverTheUserDoes) {
-    stage.programm = {};
-    Frm_Start::Form_Load(stage.programm);
+    stage.program = {};
+    Frm_Start::Form_Load(stage.program);
     window::StartWindow splash(session);
     splash.refresh();
     EXPECT_EQ(splash.size(), QSize(664, 261));
@@ -63,24 +63,24 @@ TEST_F(WindowsTest, TheSplashStaysForThreeTicksWhateverTheUserDoes) {
     QTest::mouseClick(&splash, Qt::LeftButton);
     QTest::keyClick(&splash, Qt::Key_Escape);
     EXPECT_TRUE(splash.isVisible());
-    EXPECT_EQ(stage.programm.Frm_Start.Ticks, 0);
+    EXPECT_EQ(stage.program.Frm_Start.Ticks, 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return stage.main.Visible; }, 20000));
-    EXPECT_EQ(stage.programm.Frm_Start.Ticks, 3);
+    EXPECT_EQ(stage.program.Frm_Start.Ticks, 3);
     splash.refresh();
     EXPECT_FALSE(splash.isVisible());
 }
 
 TEST_F(WindowsTest, EscAndClosingTheProgressDialogCancelTheRun) {
-    forms::ProgressForm& form = stage.programm.Frm_Progressbar;
+    forms::ProgressForm& form = stage.program.Frm_Progressbar;
     const auto cancelledBy = [&](bool mayCancel, auto action) {
-        progress::Zeigen(stage.programm, 40, mayCancel);
+        progress::show(stage.program, 40, mayCancel);
         window::ProgressWindow dialog(session, nullptr);
         dialog.show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
         action(dialog);
         EXPECT_TRUE(dialog.isVisible()) << "the run alone takes it away";
         const bool cancelled = form.Abbruch == 1;
-        progress::Form_Unload(stage.programm);
+        progress::Form_Unload(stage.program);
         return cancelled;
     };
     const auto key
@@ -97,24 +97,24 @@ TEST_F(WindowsTest, EscAndClosingTheProgressDialogCancelTheRun) {
 }
 
 TEST_F(WindowsTest, TheBarFollowsTheModelAndIsEmptyWithoutATotal) {
-    progress::Zeigen(stage.programm, 0, true);
+    progress::show(stage.program, 0, true);
     window::ProgressWindow dialog(session, nullptr);
     EXPECT_EQ(dialog.size(), QSize(339, 71));
     expectPlaces(dialog, plan::Progress);
     const auto& bar = *find<QProgressBar>(dialog, Name::xpProgress);
     EXPECT_LT(bar.minimum(), bar.maximum()) << "equal ends would make it run for ever";
     EXPECT_EQ(bar.value(), bar.minimum());
-    stage.programm.Frm_Progressbar.xpProgress = {40, 23};
-    progress::Melden(stage.programm, 63, 40, 23);
+    stage.program.Frm_Progressbar.xpProgress = {40, 23};
+    progress::report(stage.program, 63, 40, 23);
     dialog.refresh();
     EXPECT_EQ(bar.value() * 40, bar.maximum() * 23);
     EXPECT_EQ(find<QLabel>(dialog, Name::Lbl_Status)->text(), " Status: Berechne 63 / 40 (57 %)");
 }
 
 TEST_F(WindowsTest, EveryWayOutOfTheInfoDialogIsOk) {
-    stage.programm.Version = "1.2.3";
+    stage.program.version = "1.2.3";
     const auto open = [this](auto action) {
-        Frm_Main::M_Info_Click(stage.programm, stage.platform);
+        Frm_Main::M_Info_Click(stage.program, stage.platform);
         window::InfoWindow dialog(session, nullptr);
         dialog.refresh();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
@@ -123,7 +123,7 @@ TEST_F(WindowsTest, EveryWayOutOfTheInfoDialogIsOk) {
         stage.media.commands.clear();
         action(dialog);
         dialog.refresh();
-        EXPECT_EQ(dialog.isVisible(), stage.programm.Frm_Info.Visible);
+        EXPECT_EQ(dialog.isVisible(), stage.program.Frm_Info.Visible);
         return stage.media.commands == std::vector<std::string>{"stop"};
     };
     const auto key = [](Qt::Key code) {
@@ -144,13 +144,13 @@ TEST_F(WindowsTest, WaterTakesPiecesOfThePictureAndNothingElse) {
         [](const plan::Control& control) { return control.name == Name::picIcon; });
     window::WaterSurface water(session, *place, nullptr);
     const QImage icon(QStringLiteral(":/pictures/icon.png"));
-    EXPECT_EQ(QSize(water.breite(), water.hoehe()), QSize(148, 147));
-    water.kopieren(40, 60, 100, 3);
-    water.kopieren(8, 8, -2, 145); // half outside the surface
-    water.kopieren(148, 0, 50, 50); // beyond the picture: its ground
-    water.kopieren(0, 0, 4000, -4000);
+    EXPECT_EQ(QSize(water.innerWidth(), water.innerHeight()), QSize(148, 147));
+    water.copyCell(40, 60, 100, 3);
+    water.copyCell(8, 8, -2, 145); // half outside the surface
+    water.copyCell(148, 0, 50, 50); // beyond the picture: its ground
+    water.copyCell(0, 0, 4000, -4000);
     const QImage seen = water.grab().toImage();
-    const QRgb ground = window::toColor(controls::ActiveTitle).rgb();
+    const QRgb ground = look::toColor(controls::ActiveTitle).rgb();
     const QPoint inside = water.contentsRect().topLeft();
     int covered = 0;
     for (int y = 0; y < 147; ++y)

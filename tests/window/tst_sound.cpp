@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The melody device heard through a sound file, and its silence where nothing can be heard.
-#include "window/sound_device.h"
+#include "desktop/linux/sound_device.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ protected:
         std::string name = (fs::temp_directory_path() / "tst_sound.XXXXXX").string();
         folder = ::mkdtemp(name.data());
         std::ofstream(melody(), std::ios::binary) << twoNotes();
-        setup = window::SoundSetup::ofThisComputer();
+        setup = desktop::SoundSetup::ofThisComputer();
         setup.drivers = {"file"};
         setup.waveFile = (folder / "out.wav").string();
     }
@@ -106,11 +106,11 @@ protected:
     }
 
     fs::path folder;
-    window::SoundSetup setup;
+    desktop::SoundSetup setup;
 };
 
 TEST_F(SoundTest, PlaysToItsEndGivesTheOutputBackAndPlaysAgain) {
-    window::SoundDevice device(setup);
+    desktop::SoundDevice device(setup);
     device.open(melody(), "Sequencer");
     device.play(0);
     ASSERT_TRUE(eventually([&] { return frames() > 2 * Second; }));
@@ -128,7 +128,7 @@ TEST_F(SoundTest, PlaysToItsEndGivesTheOutputBackAndPlaysAgain) {
 }
 
 TEST_F(SoundTest, PlaysFromAPositionAcrossAChangeOfTempo) {
-    window::SoundDevice device(setup);
+    desktop::SoundDevice device(setup);
     device.open(melody(), "Sequencer");
     device.play(1250);
     ASSERT_TRUE(eventually([&] { return frames() > Second / 2; }));
@@ -140,7 +140,7 @@ TEST_F(SoundTest, PlaysFromAPositionAcrossAChangeOfTempo) {
 }
 
 TEST_F(SoundTest, StopsAtOnceAndStartsFromTheBeginning) {
-    window::SoundDevice device(setup);
+    desktop::SoundDevice device(setup);
     device.open(melody(), "Sequencer");
     device.open("another melody", "Sequencer");
     device.play(0);
@@ -161,7 +161,7 @@ TEST_F(SoundTest, StopsAtOnceAndStartsFromTheBeginning) {
 
 TEST_F(SoundTest, TheLastCommandBeforeOpeningIsDoneWins) {
     {
-        window::SoundDevice device(setup);
+        desktop::SoundDevice device(setup);
         device.play(0);
         device.open(melody(), "Sequencer");
         device.play(0);
@@ -176,7 +176,7 @@ TEST_F(SoundTest, TheLastCommandBeforeOpeningIsDoneWins) {
     for (int moment = 0; moment < 20; ++moment) {
         const auto start = steady_clock::now();
         {
-            window::SoundDevice device(setup);
+            desktop::SoundDevice device(setup);
             device.open(melody(), "Sequencer");
             device.play(0);
             std::this_thread::sleep_for(moment * 3ms);
@@ -190,7 +190,7 @@ TEST_F(SoundTest, AStuckOutputHoldsNobodyUp) {
     setup.waveFile = (folder / "stuck").string();
     const auto start = steady_clock::now();
     {
-        window::SoundDevice device(setup);
+        desktop::SoundDevice device(setup);
         device.open(melody(), "Sequencer");
         device.play(0);
         device.stop();
@@ -219,8 +219,8 @@ TEST_F(SoundTest, IsSilentWithoutAWordWhateverIsMissing) {
     noDriver.drivers = {"no such driver", "alsa", "pulseaudio", "oss"};
 
     const auto tryOut
-        = [](const window::SoundSetup& with, const std::string& file, const char* type) {
-              window::SoundDevice device(with);
+        = [](const desktop::SoundSetup& with, const std::string& file, const char* type) {
+              desktop::SoundDevice device(with);
               device.open(file, type);
               device.play(0);
               std::this_thread::sleep_for(150ms);
@@ -246,7 +246,7 @@ TEST_F(SoundTest, IsSilentWithoutAWordWhateverIsMissing) {
 
 TEST_F(SoundTest, AMelodyThatAppearsLaterIsHeard) {
     fs::rename(melody(), folder / "elsewhere");
-    window::SoundDevice device(setup);
+    desktop::SoundDevice device(setup);
     device.open(melody(), "Sequencer");
     device.play(0);
     std::this_thread::sleep_for(100ms);

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// A coup's way into the permanence: its rows in the grids and the fixed order of steps.
+#pragma once
+
+#include "forms/program.h"
+
+#include <cstdint>
+#include <span>
+
+namespace M_Permanenz {
+
+using forms::Program;
+
+/// A coup from any source: Plein becomes `number` (0 to 36), Coup rises, then the three steps of
+/// the pipeline run. Throws std::bad_alloc with the permanence as it was before this coup.
+void takeCoup(Program& program, int number);
+
+/// A block of coups, each a number from 0 to 36; the same as one after the other. Throws
+/// std::bad_alloc with the coups before the failing one taken in.
+void takeCoups(Program& program, std::span<const std::uint8_t> numbers);
+
+/// The coup's rows and its place in the sorted view. Plein and Coup must be set already.
+void Eingabe_Coup(Program& program);
+
+/// Appends the coup's row to the sorted view and to the store. Throws std::bad_alloc with both
+/// grids as they were.
+void Permanenz_Zeile(Program& program);
+
+} // namespace M_Permanenz

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// The modal questions, in German under any locale.
+#include "desktop/dialogs.h"
+
+#include "look/style.h"
+
+#include <QAbstractItemView>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QStandardPaths>
+
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+// The buttons are named here, because the toolkit's own German words are a package that may be
+// missing.
+QString okText() {
+    return QStringLiteral("OK");
+}
+
+QString cancelText() {
+    return QStringLiteral("Abbrechen");
+}
+
+constexpr int titleButtons = 160; // pixels that a title bar takes beside its text
+
+QString titleOf(std::string_view title) {
+    return title.empty() ? QStringLiteral("Kestrelwood") : look::toText(title);
+}
+
+QString firstFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+QString toNameFilter(const platform::Filter& filter) {
+    const QString name = look::toText(filter.name);
+    const QString pattern = QStringLiteral("(%1)").arg(look::toText(filter.pattern));
+    return name.endsWith(pattern) ? name : name + u' ' + pattern;
+}
+
+/// The toolkit's dialog without its own questions, which would be English without that package.
+/// A name that doesn't exist is accepted for opening too: what opens the file tells the reason.
+class FileDialog final : public QFileDialog {
+public:
+    FileDialog(QWidget* parent, AcceptMode mode, std::string_view title,
+        const platform::Filter& filter, const platform::FileName& last)
+        : QFileDialog(parent, titleOf(title)) {
+        setOptions(DontUseNativeDialog | DontConfirmOverwrite);
+        setFileMode(AnyFile);
+        setAcceptMode(mode);
+        // The other view writes sizes and dates by the desktop's locale, not by ours.
+        setViewMode(List);
+        setNameFilter(toNameFilter(filter));
+        setLabelText(LookIn, QStringLiteral("Suchen in:"));
+        setLabelText(FileName, QStringLiteral("Dateiname:"));
+        setLabelText(FileType, QStringLiteral("Dateityp:"));
+        setLabelText(
+            Accept, mode == AcceptOpen ? QStringLiteral("Öffnen") : QStringLiteral("Speichern"));
+        setLabelText(Reject, cancelText());
+        startAt(QFileInfo(look::toText(last)));
+        letTypedNameWin();
+    }
+
+    std::optional<platform::FileName> ask() {
+        if (exec() != Accepted || selectedFiles().isEmpty())
+            return std::nullopt;
+        return selectedFiles().constFirst().toStdString();
+    }
+
+protected:
+    void accept() override {
+        const QStringList files = selectedFiles();
+        const bool replaces
+            = acceptMode() == AcceptSave && !files.isEmpty() && QFileInfo(files.first()).isFile();
+        if (!replaces || mayReplace(files.first()))
+            QFileDialog::accept();
+    }
+
+private:
+    void startAt(const QFileInfo& last) {
+        const bool folderExists = !last.filePath().isEmpty() && last.dir().exists();
+        setDirectory(folderExists ? last.absolutePath() : firstFolder());
+        selectFile(last.fileName());
+    }
+
+    /// A file selected in the list would go before another name written to the name line, unless it
+    /// was typed with the keyboard; a screen reader or a voice writes without it.
+    void letTypedNameWin() {
+        const auto* line = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* list = findChild<QAbstractItemView*>(QStringLiteral("listView"));
+        if (line == nullptr || list == nullptr)
+            return;
+        connect(line, &QLineEdit::textChanged, list, [this, list](const QString& text) {
+            const QStringList files = selectedFiles();
+            if (!files.isEmpty() && QFileInfo(files.first()).fileName() != text)
+                list->clearSelection();
+        });
+    }
+
+    bool mayReplace(const QString& file) {
+        QMessageBox box(QMessageBox::Warning, windowTitle(),
+            QStringLiteral("Die Datei „%1“ gibt es schon.\nSoll sie ersetzt werden?")
+                .arg(QFileInfo(file).fileName()),
+            QMessageBox::NoButton, this);
+        box.setTextFormat(Qt::PlainText);
+        const QPushButton* replace
+            = box.addButton(QStringLiteral("Ersetzen"), QMessageBox::AcceptRole);
+        box.setDefaultButton(box.addButton(cancelText(), QMessageBox::RejectRole));
+        box.exec();
+        return box.clickedButton() == replace;
+    }
+};
+
+} // namespace
+
+Dialogs::Dialogs(std::function<QWidget*()> activeWindow) : activeWindow_(std::move(activeWindow)) {
+    // The file dialog would write its size and places to a settings file in the user's home. This
+    // program keeps no settings, so the toolkit is sent where it can neither read nor write any.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
+std::optional<platform::FileName> Dialogs::openFile(
+    std::string_view title, const platform::Filter& filter, const platform::FileName& last) {
+    return FileDialog(activeWindow_(), QFileDialog::AcceptOpen, title, filter, last).ask();
+}
+
+std::optional<platform::FileName> Dialogs::saveFile(
+    std::string_view title, const platform::Filter& filter, const platform::FileName& last) {
+    return FileDialog(activeWindow_(), QFileDialog::AcceptSave, title, filter, last).ask();
+}
+
+void Dialogs::message(std::string_view title, std::string_view text, platform::Icon icon) {
+    QMessageBox box(icon == platform::Icon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon,
+        titleOf(title), look::toText(text), QMessageBox::NoButton, activeWindow_());
+    box.setTextFormat(Qt::PlainText); // a file name may hold anything
+    box.addButton(okText(), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+std::string Dialogs::prompt(std::string_view title, std::string_view text) {
+    QInputDialog dialog(activeWindow_());
+    dialog.setWindowTitle(titleOf(title));
+    dialog.setLabelText(look::toText(text));
+    dialog.setOkButtonText(okText());
+    dialog.setCancelButtonText(cancelText());
+    const int titleWidth = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(titleWidth + titleButtons, 0)));
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue().toStdString() : std::string();
+}
+
+} // namespace desktop

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// A run that takes in many coups: what random series and file load have in common.
+#pragma once
+
+#include "coup/pipeline.h"
+#include "files/messages.h"
+#include "forms/program.h"
+#include "platform/platform.h"
+#include "progress/long_run.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <span>
+
+namespace files {
+
+/// Memory set aside during a run, so that there is some to speak of it when memory gives out.
+/// Taken by a plain call: a new-expression whose memory nobody reads is left out by compilers.
+inline constexpr std::size_t EmergencyReserve = 1 << 20;
+
+/// What a run leaves to the rest of the machine.
+inline constexpr std::uint64_t Reserve = std::uint64_t{256} << 20;
+
+struct Release {
+    void operator()(void* reserve) const noexcept { ::operator delete(reserve); }
+};
+
+/// Throws std::bad_alloc when the machine is about to run out of memory. Many systems promise more
+/// than they have and end the program instead of refusing; looking ahead keeps the coups.
+inline void checkMemory(platform::Platform& platform) {
+    if (platform.processes.memoryLeft() < Reserve)
+        throw std::bad_alloc();
+}
+
+/// Whether the sorted view follows the new coups while the run goes on.
+enum class Scrolling { Follows, Stays };
+
+/// Takes in `total` coups in blocks, with the progress dialog and the main window closed to input.
+/// `next(i, most)` gives the numbers, 0 to 36, of the coups from i on (counted from 0), at
+/// least one and at most `most` of them. Ends early when the user cancels, when the program is to
+/// end, or, with a message, when memory gives out; the coups so far are kept.
+template <class Next>
+void runCoups(forms::Program& program, platform::Platform& platform, std::int64_t total,
+    Scrolling scrolling, Next next) {
+    std::unique_ptr<void, Release> reserve(::operator new(EmergencyReserve));
+    progress::Pace pace(platform);
+    forms::MainForm& form = program.Frm_Main;
+    const std::int64_t before = form.Coup;
+    const auto show = [&](std::int64_t step) {
+        if (scrolling == Scrolling::Follows)
+            form.Grid[0].ScrollRow(form.Coup);
+        if (step > 0)
+            progress::report(program, form.Coup, total, step);
+    };
+    try {
+        for (std::int64_t i = 0; i < total && !progress::cancelled(program);) {
+            const std::span<const std::uint8_t> numbers
+                = next(i, std::min(progress::BlockSize, total - i));
+            M_Permanenz::takeCoups(program, numbers);
+            i = form.Coup - before;
+            show(i);
+            if (pace.turn())
+                checkMemory(platform);
+        }
+    } catch (const std::bad_alloc&) {
+        reserve.reset();
+        show(form.Coup - before);
+        tellOutOfMemory(platform);
+    }
+}
+
+} // namespace files

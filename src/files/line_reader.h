@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Reading the lines of a permanence file from blocks of bytes.
+#pragma once
+
+#include "controls/chunked.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace files {
+
+/// Takes a file block by block and keeps the number of every valid line in one byte. Lines that
+/// look like almost all lines do are read eight bytes at a time, the others letter by letter.
+///
+/// A line ends at CR, CR LF or a lone LF; the last one needs no end. It is valid if it holds, apart
+/// from blanks and tabs at either end, decimal digits alone and their value is 0 to 36. A byte
+/// order mark (EF BB BF) at the start of the file is passed over.
+class LineReader {
+public:
+    /// Reads the next bytes of the file. Throws std::bad_alloc.
+    void read(std::string_view block);
+
+    /// Tells that the file has ended. Throws std::bad_alloc.
+    void finish();
+
+    /// The numbers of the valid lines so far.
+    controls::Chunked<std::uint8_t>& numbers() { return numbers_; }
+
+private:
+    enum class Place { Start, Number, After, Invalid };
+
+    std::string_view withoutByteOrderMark(std::string_view block);
+    std::string_view wholeLines(std::string_view block);
+    void takeCharacter(char c);
+    void endOfLine();
+
+    controls::Chunked<std::uint8_t> numbers_;
+    Place place_ = Place::Start;
+    unsigned value_ = 0;
+    unsigned bom_ = 0; ///< bytes of the byte order mark met so far; 4 once it can't come any more
+};
+
+} // namespace files

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// The drop-down list of the chance families.
+#pragma once
+
+#include "window/controls/session.h"
+
+#include <QComboBox>
+
+namespace forms::plan {
+struct Control;
+}
+
+namespace window {
+
+/// Shows the selector xpCombo(0). A user's choice goes to the program; what is shown afterwards is
+/// what the program made of it. The mouse wheel never chooses while the list is closed: turning it
+/// over the box by chance would rebuild the whole view.
+class FamilyBox final : public QComboBox, public View {
+    Q_OBJECT
+
+public:
+    /// Takes its place in `parent`.
+    FamilyBox(const Session& session, const forms::plan::Control& control, QWidget* parent);
+
+    void refresh() override;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const controls::Combo& model() const;
+    void choose(int entry);
+
+    Session session_;
+    std::size_t index_;
+};
+
+} // namespace window

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Builds the progress dialog and brings it in line with its model.
+#include "window/forms/progress_window.h"
+
+#include "forms/plan.h"
+#include "look/control_names.h"
+#include "look/style.h"
+#include "progress/long_run.h"
+#include "shell/handlers.h"
+#include "window/controls/command_button.h"
+#include "window/controls/fitted_label.h"
+
+#include <QCloseEvent>
+#include <QProgressBar>
+
+#include <algorithm>
+
+namespace window {
+
+namespace plan = forms::plan;
+
+namespace {
+
+constexpr int barSteps = 10000; // the bar counts in whole numbers, the model doesn't
+constexpr int statusMargin = 8; // pixels
+
+int stepOf(const controls::ProgressBar& bar) {
+    if (bar.Max <= 0)
+        return 0; // a maximum of 0 would show a bar without end
+    return static_cast<int>(barSteps * std::clamp(bar.Value / bar.Max, 0.0, 1.0));
+}
+
+} // namespace
+
+ProgressWindow::ProgressWindow(const Session& session, QWidget* owner)
+    : QDialog(owner,
+        Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint
+            | Qt::MSWindowsFixedSizeDialogHint),
+      session_(session) {
+    setWindowTitle(look::toText(plan::ProgressCaption));
+    setFixedSize(look::toPixels(plan::ProgressClient).size());
+    const plan::Control& status = plan::Progress[0];
+    const plan::Control& bar = plan::Progress[1];
+    const plan::Control& button = plan::Progress[2];
+    status_ = new FittedLabel(
+        status, width() - look::toPixels(status.place).left() - statusMargin, this);
+    bar_ = new QProgressBar(this);
+    bar_->setObjectName(look::controlName(bar.name, bar.index));
+    bar_->setGeometry(look::toPixels(bar.place));
+    bar_->setRange(0, barSteps);
+    bar_->setTextVisible(false);
+    bar_->setAccessibleName(QStringLiteral("Fortschritt"));
+    button_ = new CommandButton(button, this);
+    button_->setAutoDefault(false); // the Enter that started the run must not end it
+    connect(button_, &CommandButton::clicked, this,
+        [this] { Frm_Progressbar::xpButton_Click(session_.program); });
+    refresh();
+}
+
+void ProgressWindow::refresh() {
+    const forms::ProgressForm& form = session_.program.Frm_Progressbar;
+    status_->showText(look::toText(progress::statusText(form.Lbl_Status)));
+    bar_->setValue(stepOf(form.xpProgress));
+    button_->setEnabled(form.xpButton.Enabled);
+}
+
+void ProgressWindow::reject() {
+    Frm_Progressbar::xpButton_Click(session_.program);
+}
+
+void ProgressWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+} // namespace window
