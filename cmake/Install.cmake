@@ -19,7 +19,7 @@ cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBEXECDIR
 file(MAKE_DIRECTORY ${made})
 file(CREATE_LINK ${way}/${PROJECT_NAME}/${PROJECT_NAME} ${made}/${PROJECT_NAME} SYMBOLIC)
 install(TARGETS kestrelwood RUNTIME DESTINATION ${home})
-install(FILES ${PROJECT_BINARY_DIR}/info.mid DESTINATION ${home})
+install(FILES ${data}/melody/info.mid DESTINATION ${home})
 install(FILES ${made}/${PROJECT_NAME} DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 # All of the desktop's files bear the one id.
