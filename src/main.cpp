@@ -3,10 +3,9 @@
 #include "look/style.h"
 #include "window/application.h"
 
-#include <QApplication>
-
-int main(int argc, char* argv[]) {
-    QApplication application(argc, argv);
+int main(int /*argc*/, char* argv[]) {
+    int count = 1; // the program has no command line, the toolkit's own options included
+    window::Toolkit application(count, argv);
     QApplication::setApplicationName(QStringLiteral("kestrelwood"));
     QApplication::setApplicationVersion(QStringLiteral(KESTRELWOOD_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral(KESTRELWOOD_ID));

@@ -10,8 +10,9 @@
 
 #include <QAbstractEventDispatcher>
 #include <QAccessible>
-#include <QApplication>
 #include <QScopedValueRollback>
+
+#include <new>
 
 namespace window {
 
@@ -29,6 +30,18 @@ void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, 
 }
 
 } // namespace
+
+Toolkit::Toolkit(int& argc, char** argv) : QApplication(argc, argv) {
+    installEventFilter(&heldKeys_);
+}
+
+bool Toolkit::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
 
 Application::Application(std::string_view version)
     : platform_([this] { refreshIfDue(); }, [this] { return questionOwner(); }),
@@ -60,8 +73,12 @@ bool Application::refreshIfDue() {
 
 void Application::refreshInTime() {
     const auto left = frameTime - sinceRefresh_.elapsed();
-    if (!refreshIfDue() && !nextFrame_.isActive())
-        nextFrame_.start(static_cast<int>(left)); // waking up is all it has to do
+    try {
+        if (!refreshIfDue() && !nextFrame_.isActive())
+            nextFrame_.start(static_cast<int>(left)); // waking up is all it has to do
+    } catch (const std::bad_alloc&) {
+        // Called by the event loop itself, past notify(). The next frame tries again.
+    }
 }
 
 void Application::refresh() {

@@ -4,11 +4,13 @@
 
 #include "desktop/desktop.h"
 #include "forms/program.h"
+#include "window/controls/held_keys.h"
 #include "window/forms/info_window.h"
 #include "window/forms/main_window.h"
 #include "window/forms/progress_window.h"
 #include "window/forms/start_window.h"
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
@@ -17,6 +19,18 @@
 #include <string_view>
 
 namespace window {
+
+/// The toolkit's part of the program, with what holds for every event: one press of a key is one
+/// action, and no exception gets out of a handler, for the toolkit couldn't bear it; an event that
+/// memory fails is dropped.
+class Toolkit final : public QApplication {
+public:
+    Toolkit(int& argc, char** argv);
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    HeldKeys heldKeys_;
+};
 
 /// Owns everything and keeps the windows in line with their forms: a window comes when its form is
 /// first shown and goes when the form is unloaded. All views look at their models once per turn of

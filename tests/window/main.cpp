@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Runs the window's tests within one application that looks like the program.
 #include "look/style.h"
+#include "window/application.h"
 
 #include <gtest/gtest.h>
-
-#include <QApplication>
 
 int main(int argc, char* argv[]) {
     testing::InitGoogleTest(&argc, argv);
     // The build asks for the tests' names, where there may be no screen.
     if (testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
-    QApplication application(argc, argv);
+    window::Toolkit application(argc, argv);
     look::applyStyle(application);
     return RUN_ALL_TESTS();
 }

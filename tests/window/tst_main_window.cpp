@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -164,23 +165,60 @@ TEST_F(MainWindowTest, AltRTakesBackAndNeverClears) {
 }
 
 TEST_F(MainWindowTest, AHeldKeyIsOnePress) {
-    // As a slow toolkit sees it: repeats without their mark, each at the moment of a release.
-    const auto hold = [](QWidget& widget, Qt::Key key) {
-        for (const quint64 time : {0U, 1U, 2U, 3U}) {
-            QKeyEvent press(QEvent::KeyPress, key, {});
-            press.setTimestamp(1000 + 30 * time);
-            QApplication::sendEvent(&widget, &press);
-            QKeyEvent release(QEvent::KeyRelease, key, {});
-            release.setTimestamp(1000 + 30 * (time + 1));
-            QApplication::sendEvent(&widget, &release);
-        }
+    const auto hold = [](QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        for (const bool repeat : {false, true, true, true})
+            QTest::simulateEvent(&widget, true, key, modifiers, {}, repeat);
+        QTest::simulateEvent(&widget, false, key, modifiers, {}, false);
     };
     auto& pad = *find(Name::xpFrame, 2);
-    hold(pad, Qt::Key_Space);
-    EXPECT_EQ(stage.main.Coup, 1);
-    count.setText(QStringLiteral("3"));
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+        hold(pad, key);
+    EXPECT_EQ(stage.main.Coup, 3);
+    count.setText(QStringLiteral("9"));
     hold(count, Qt::Key_Return);
-    EXPECT_EQ(stage.main.Coup, 4);
+    EXPECT_EQ(stage.main.Coup, 12);
+    for (const auto modifier : {Qt::AltModifier, Qt::ControlModifier})
+        hold(pad, modifier == Qt::AltModifier ? Qt::Key_R : Qt::Key_Z, modifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.main.Coup == 10; })) << stage.main.Coup;
+    hold(*find(Name::xpButton, 0), Qt::Key_Return);
+    EXPECT_EQ(stage.main.Coup, 9);
+    hold(*find(Name::xpButton, 2), Qt::Key_Enter);
+    hold(*find(Name::Text, 1), Qt::Key_Space);
+    hold(pad, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(stage.dialogs.asked.size(), 3U);
+
+    // As a slow toolkit sees it: repeats without their mark, each at the moment of a release.
+    for (const quint64 time : {0U, 1U, 2U, 3U}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, {});
+        press.setTimestamp(1000 + 30 * time);
+        QApplication::sendEvent(&pad, &press);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Space, {});
+        release.setTimestamp(1000 + 30 * (time + 1));
+        QApplication::sendEvent(&pad, &release);
+    }
+    EXPECT_EQ(stage.main.Coup, 10);
+    // What scrolls and types goes on.
+    auto* grid = find<QAbstractScrollArea>(Name::Grid, 0);
+    for (int i = 0; i < 200; ++i)
+        stage.click(5);
+    main.refresh();
+    const auto* bar = grid->verticalScrollBar();
+    const int before = bar->value();
+    hold(*grid, Qt::Key_Up);
+    EXPECT_EQ(bar->value(), before - 4);
+    count.setFocus();
+    count.clear();
+    for (const bool repeat : {false, true, true})
+        QTest::simulateEvent(&count, true, Qt::Key_7, {}, QStringLiteral("7"), repeat);
+    EXPECT_EQ(count.text().toStdString(), "777");
+}
+
+TEST_F(MainWindowTest, NoExceptionLeavesAnEventHandler) {
+    struct Starved : QObject {
+        bool event(QEvent* /*event*/) override { throw std::bad_alloc(); }
+    } starved;
+    QEvent any(QEvent::User);
+    EXPECT_NO_THROW(QApplication::sendEvent(&starved, &any));
 }
 
 TEST_F(MainWindowTest, CountBoxFiltersTypedCharactersOnly) {

@@ -33,7 +33,8 @@ bool typesCharacter(const QKeyEvent& event) {
 CountBox::CountBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : TextBoxView(session, control, parent) {
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-        Frm_Main::Text_Change(this->session().program, index(), text.toStdString());
+        Frm_Main::Text_Change(
+            this->session().program, this->session().platform, index(), text.toStdString());
     });
 }
 
@@ -45,8 +46,6 @@ bool CountBox::passes(QChar typed) const {
 
 void CountBox::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (held_.repeats(*event))
-            return;
         passes(QChar(enter));
         // What was typed is done with. The undo key means the coups from here on.
         setText(text());
@@ -55,11 +54,6 @@ void CountBox::keyPressEvent(QKeyEvent* event) {
     if (typesCharacter(*event) && !passes(event->text().front()))
         return;
     QLineEdit::keyPressEvent(event);
-}
-
-void CountBox::keyReleaseEvent(QKeyEvent* event) {
-    held_.released(*event);
-    QLineEdit::keyReleaseEvent(event);
 }
 
 bool CountBox::event(QEvent* event) {

@@ -2,7 +2,6 @@
 // The box for the number of random coups.
 #pragma once
 
-#include "window/controls/held_key.h"
 #include "window/controls/text_box_view.h"
 
 namespace window {
@@ -18,13 +17,10 @@ public:
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
     bool passes(QChar typed) const;
-
-    HeldKey held_;
 };
 
 } // namespace window

@@ -42,17 +42,10 @@ void MarkingBox::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (!held_.repeats(*event))
-            ask();
-        return;
+        return ask();
     default:
         QLineEdit::keyPressEvent(event);
     }
-}
-
-void MarkingBox::keyReleaseEvent(QKeyEvent* event) {
-    held_.released(*event);
-    QLineEdit::keyReleaseEvent(event);
 }
 
 void MarkingBox::paintEvent(QPaintEvent* event) {

@@ -2,7 +2,6 @@
 // A box for the count by which numbers are marked.
 #pragma once
 
-#include "window/controls/held_key.h"
 #include "window/controls/text_box_view.h"
 
 namespace window {
@@ -17,13 +16,10 @@ public:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void ask();
-
-    HeldKey held_;
 };
 
 } // namespace window

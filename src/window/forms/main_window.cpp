@@ -84,8 +84,8 @@ constexpr std::array explanations{
     Spoken{Name::xpButton, 3, "Schreibt die Permanenz in eine Datei (Strg+S)."},
     Spoken{Name::Check, 0, "Zeigt die Kürzel der Chancen statt der Zahlen."},
     Spoken{Name::Check, 1, "Zeigt Linien zwischen den Zeilen und Spalten."},
-    Spoken{Name::xpButton, 4, "Löscht die Markierung der genau so oft gefallenen Pleins."},
-    Spoken{Name::xpButton, 5, "Löscht die Markierung der mindestens so oft gefallenen Pleins."},
+    Spoken{Name::xpButton, 4, "Hebt die Markierung „genau“ auf."},
+    Spoken{Name::xpButton, 5, "Hebt die Markierung „mind.“ auf."},
     Spoken{Name::xpCombo, 0, "Chancen, nach denen die Permanenz sortiert ist."},
 };
 
@@ -151,7 +151,7 @@ void MainWindow::buildMenu() {
     addEntry(*file, QStringLiteral("&Laden"), QKeySequence::Open, Frm_Main::M_Laden_Click);
     addEntry(*file, QStringLiteral("&Speichern"), QKeySequence::Save, Frm_Main::M_Speichern_Click);
     addEntry(*file, QStringLiteral("&Reset"), {}, Frm_Main::M_Reset_Click);
-    addEntry(*file, QStringLiteral("&Beenden"), Qt::CTRL | Qt::Key_Q, Frm_Main::M_Beenden_Click);
+    addEntry(*file, QStringLiteral("&Beenden"), {}, Frm_Main::M_Beenden_Click);
     QAction* info = menuBar()->addAction(QStringLiteral("&Info"));
     connect(info, &QAction::triggered, this,
         [this] { Frm_Main::M_Info_Click(session_.program, session_.platform); });

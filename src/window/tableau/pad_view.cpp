@@ -228,9 +228,6 @@ void PadView::keyPressEvent(QKeyEvent* event) {
         return QWidget::keyPressEvent(event);
     if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
         firstDigit_ = 0;
-        // A key that is held down is one press, not a flood of coups.
-        if (held_.repeats(*event))
-            return;
         setPressed(current_, false);
         enter(current_);
     } else if (key >= Qt::Key_0 && key <= Qt::Key_9) {
@@ -244,7 +241,6 @@ void PadView::keyPressEvent(QKeyEvent* event) {
 }
 
 void PadView::keyReleaseEvent(QKeyEvent* event) {
-    held_.released(*event);
     if (event->isAutoRepeat() || pressed_ < 0 || byMouse_)
         return QWidget::keyReleaseEvent(event);
     setPressed(-1, false);

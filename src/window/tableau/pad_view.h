@@ -4,7 +4,6 @@
 
 #include "chances/chancentabelle.h"
 #include "controls/models.h"
-#include "window/controls/held_key.h"
 #include "window/controls/session.h"
 #include "window/tableau/number_cells.h"
 
@@ -85,7 +84,6 @@ private:
     int current_ = 0;
     int hovered_ = -1; ///< under the pointer
     int pressed_ = -1; ///< held down by mouse or key
-    HeldKey held_;
     bool byMouse_ = false;
     int firstDigit_ = 0; ///< of a number being typed; 0 while a digit starts anew
 };
