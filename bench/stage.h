@@ -71,7 +71,7 @@ public:
         Frm_Main::xpButton_Click(program, platform_, 3);
     }
     void draw(std::int64_t count) {
-        Frm_Main::Text_Change(program, 0, std::to_string(count));
+        Frm_Main::Text_Change(program, platform, 0, std::to_string(count));
         std::int16_t enter = 13;
         Frm_Main::Text_KeyPress(program, platform_, 0, enter);
     }

@@ -108,6 +108,7 @@ public:
     std::size_t patternNumbers() const { return patterns_.size(); }
     void addPattern(PatternId id) { ids_.push_back(id); }
     void setPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
+    int bytesPerRow() const { return ids_.width(); }
     RowIds& ids() { return ids_; }
     const RowIds& ids() const { return ids_; }
 

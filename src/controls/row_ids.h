@@ -21,6 +21,11 @@ public:
         return std::visit([&](const auto& ids) -> std::uint32_t { return ids[index]; }, ids_);
     }
 
+    /// Bytes per number at present: 1, 2 or 4.
+    int width() const {
+        return std::visit([]<class T>(const Chunked<T>&) { return int{sizeof(T)}; }, ids_);
+    }
+
     /// The largest number that fits without widening.
     std::uint32_t capacity() const {
         return std::visit(

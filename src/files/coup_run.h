@@ -22,16 +22,22 @@ namespace files {
 inline constexpr std::size_t EmergencyReserve = 1 << 20;
 
 /// What a run leaves to the rest of the machine.
-inline constexpr std::uint64_t Reserve = std::uint64_t{256} << 20;
+inline constexpr std::uint64_t LeftToOthers = std::uint64_t{256} << 20;
 
 struct Release {
     void operator()(void* reserve) const noexcept { ::operator delete(reserve); }
 };
 
-/// Throws std::bad_alloc when the machine is about to run out of memory. Many systems promise more
-/// than they have and end the program instead of refusing; looking ahead keeps the coups.
-inline void checkMemory(platform::Platform& platform) {
-    if (platform.processes.memoryLeft() < Reserve)
+/// Throws std::bad_alloc when the machine is about to run out of memory and can't give the rows
+/// that `coups` more of them need; `kept` bytes for each are there already and become free. Many
+/// systems promise more than they have and end the program instead of refusing; looking ahead keeps
+/// the coups.
+inline void checkMemory(const forms::Program& program, platform::Platform& platform,
+    std::int64_t coups, std::int64_t kept = 0) {
+    const auto& grids = program.Frm_Main.Grid;
+    const std::int64_t perCoup = grids[0].bytesPerRow() + grids[1].bytesPerRow() - kept;
+    const std::uint64_t left = platform.processes.memoryLeft();
+    if (left < LeftToOthers && left < static_cast<std::uint64_t>(coups * perCoup))
         throw std::bad_alloc();
 }
 
@@ -50,10 +56,11 @@ void runCoups(forms::Program& program, platform::Platform& platform, std::int64_
     forms::MainForm& form = program.Frm_Main;
     const std::int64_t before = form.Coup;
     const auto show = [&](std::int64_t step) {
+        if (step == 0)
+            return;
         if (scrolling == Scrolling::Follows)
             form.Grid[0].ScrollRow(form.Coup);
-        if (step > 0)
-            progress::report(program, form.Coup, total, step);
+        progress::report(program, form.Coup, total, step);
     };
     try {
         for (std::int64_t i = 0; i < total && !progress::cancelled(program);) {
@@ -62,8 +69,8 @@ void runCoups(forms::Program& program, platform::Platform& platform, std::int64_
             M_Permanenz::takeCoups(program, numbers);
             i = form.Coup - before;
             show(i);
-            if (pace.turn())
-                checkMemory(platform);
+            if (pace.turn() && !progress::cancelled(program))
+                checkMemory(program, platform, total - i);
         }
     } catch (const std::bad_alloc&) {
         reserve.reset();

@@ -74,7 +74,9 @@ void tellOutOfMemory(platform::Platform& platform) {
 }
 
 void tellCountTooLarge(platform::Platform& platform) {
-    tell(platform, "Diese Anzahl ist zu groß.\nEs wurde kein Coup gezogen.");
+    tell(platform,
+        "Diese Anzahl ist zu groß; höchstens 2.147.483.647 Coups auf einmal.\n"
+        "Es wurde kein Coup gezogen.");
 }
 
 } // namespace files

@@ -36,8 +36,8 @@ bool readFile(const forms::Program& program, platform::Platform& platform,
             return true;
         }
         lines.read({block.data(), count});
-        if (pace.turn())
-            files::checkMemory(platform);
+        if (pace.turn() && !progress::cancelled(program))
+            files::checkMemory(program, platform, lines.numbers().size(), 1);
     }
     return false;
 }

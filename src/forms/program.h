@@ -81,6 +81,7 @@ struct StartForm {
 struct InfoForm {
     bool loaded = false;
     bool Visible = false;
+    bool inHandler = false; ///< a handler is at work; no other one may start
     std::uint64_t focusRequests = 0;
     controls::Label lblVersion;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <optional>
 #include <span>
 
@@ -78,8 +79,14 @@ bool GetKeyValue(platform::Registry& registry, std::uint32_t KeyRoot, std::strin
 }
 
 void StartSysInfo(platform::Platform& platform) {
-    const auto path = programPath(platform);
-    if (!path || !platform.processes.start(*path))
+    bool started = false;
+    try {
+        const auto path = programPath(platform);
+        started = path && platform.processes.start(*path);
+    } catch (const std::bad_alloc&) {
+        // Memory that fails is one more way to have no such program.
+    }
+    if (!started)
         platform.dialogs.message(
             "", "Systeminformationsprogramm zur Zeit nicht verfügbar.", platform::Icon::None);
 }

@@ -45,17 +45,30 @@ bool takesInput(const forms::MainForm& form) {
     return form.loaded && form.Enabled && !form.inHandler;
 }
 
-/// Runs a handler to its end with the main form held: no other handler of it can start. A shutdown
-/// asked for meanwhile follows behind.
+bool takesInput(const forms::InfoForm& form) {
+    return form.Visible && !form.inHandler;
+}
+
+/// Holds a form while one of its handlers is at work, so that no other one can start: not behind a
+/// message that is open either.
+class Hold {
+public:
+    explicit Hold(bool& inHandler) : inHandler_(inHandler) { inHandler_ = true; }
+    ~Hold() { inHandler_ = false; }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+private:
+    bool& inHandler_;
+};
+
+/// Runs a handler to its end with the main form held. A shutdown asked for meanwhile follows
+/// behind.
 template <class Handler>
 void withFormHeld(Program& program, Platform& platform, Handler handler) {
     forms::MainForm& form = program.Frm_Main;
     {
-        struct Hold {
-            bool& held;
-            ~Hold() { held = false; }
-        } hold{form.inHandler};
-        hold.held = true;
+        const Hold hold(form.inHandler);
         handler();
     }
     if (std::exchange(form.closeRequested, false))
@@ -204,9 +217,9 @@ void Frm_Main::Text_Click(Program& program, Platform& platform, int Index) {
         handle(program, platform, [&] { stats::askForMark(program, platform, Index); });
 }
 
-void Frm_Main::Text_Change(Program& program, int Index, std::string_view text) {
-    if (Index == 0 && takesInput(program.Frm_Main))
-        program.Frm_Main.Text[0].Text = text;
+void Frm_Main::Text_Change(Program& program, Platform& platform, int Index, std::string_view text) {
+    if (Index == 0)
+        handle(program, platform, [&] { program.Frm_Main.Text[0].Text = text; });
 }
 
 void Frm_Main::Text_KeyPress(
@@ -225,11 +238,16 @@ void Frm_Progressbar::xpButton_Click(Program& program) {
 }
 
 void Frm_Info::cmdOK_Click(Program& program, Platform& platform) {
+    if (!takesInput(program.Frm_Info))
+        return;
     Sound::Sound_Stoppen(platform);
     program.Frm_Info.Visible = false;
 }
 
 void Frm_Info::cmdSysInfo_Click(Program& program, Platform& platform) {
+    if (!takesInput(program.Frm_Info))
+        return;
+    const Hold hold(program.Frm_Info.inHandler);
     // The message that may come is modal for the main form too, unless a run has it held already.
     if (program.Frm_Main.inHandler)
         info::StartSysInfo(platform);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The event handlers of the four forms, as the window calls them. Each does little but call a
-// procedure. A handler of Frm_Main refuses while the form is disabled or another one is at work.
+// procedure. A handler of Frm_Main or Frm_Info refuses while the form is closed to input or another
+// one of it is at work. No handler lets an exception out.
 #pragma once
 
 #include "forms/program.h"
@@ -52,7 +53,8 @@ void Text_Click(forms::Program& program, platform::Platform& platform, int Index
 
 /// The text of the count box (Index 0) has become `text`. Refused like any other input while the
 /// form is closed to it; the box then shows the old text again.
-void Text_Change(forms::Program& program, int Index, std::string_view text);
+void Text_Change(
+    forms::Program& program, platform::Platform& platform, int Index, std::string_view text);
 
 /// A key typed into a text box, as a character code (8 backspace, 13 Enter). Sets `KeyAscii` to 0
 /// if the key is to be dropped; Enter in box 0 starts the random series.

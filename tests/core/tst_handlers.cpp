@@ -30,7 +30,7 @@ const std::vector<std::pair<const char*, std::function<void(Stage&)>>> Presses{
     {"family", [](Stage& s) { s.family(3); }},
     {"mark 1", [](Stage& s) { Frm_Main::Text_Click(s.program, s.platform, 1); }},
     {"mark 2", [](Stage& s) { Frm_Main::Text_Click(s.program, s.platform, 2); }},
-    {"text", [](Stage& s) { Frm_Main::Text_Change(s.program, 0, "99"); }},
+    {"text", [](Stage& s) { Frm_Main::Text_Change(s.program, s.platform, 0, "99"); }},
     {"Enter", [](Stage& s) { s.key(13); }},
 };
 

@@ -106,6 +106,12 @@ TEST(Info, TheWayToTheSystemInformation) {
             stage.files.content["C:\\Info\\MSINFO32.EXE"] = "";
         stage.processes.canStart = c.canStart;
         stage.main.inHandler = c.path; // also beside a run
+        stage.program.Frm_Info.Visible = true;
+        stage.dialogs.onMessage = [&] { // a press from outside the window system
+            Frm_Info::cmdSysInfo_Click(stage.program, stage.platform);
+            Frm_Info::cmdOK_Click(stage.program, stage.platform);
+            EXPECT_TRUE(stage.program.Frm_Info.Visible);
+        };
         Frm_Info::cmdSysInfo_Click(stage.program, stage.platform);
         EXPECT_EQ(stage.processes.started,
             c.started.empty() ? std::vector<std::string>() : std::vector{c.started});

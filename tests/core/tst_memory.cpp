@@ -161,6 +161,49 @@ TEST(Memory, AnyAllocationOfAResortMayFail) {
         127, manyRows, [](Stage& s) { s.check(0); }, false);
 }
 
+TEST(Memory, AnyAllocationOfTypingAndOfTheWayToTheSystemInformationMayFail) {
+    const std::string text(99, '1');
+    failEverywhere(
+        1, [](Stage&) {}, [&](Stage& s) { Frm_Main::Text_Change(s.program, s.platform, 0, text); });
+    Stage stage;
+    stage.program.Frm_Info.Visible = true;
+    stage.registry.values[R"(SOFTWARE\Microsoft\Shared Tools\MSINFO|PATH)"]
+        = {1, std::string(99, 'x')};
+    failAfter = 0;
+    Frm_Info::cmdSysInfo_Click(stage.program, stage.platform);
+    failAfter = Off;
+    EXPECT_EQ(stage.dialogs.messages.size(), 1U);
+    EXPECT_TRUE(stage.processes.started.empty() && !stage.program.Frm_Info.inHandler);
+}
+
+// Many systems promise memory that they don't have, so a run looks ahead.
+TEST(Memory, LookingAheadSpeaksOnlyOfWhatARunStillNeeds) {
+    constexpr std::uint64_t Little = 200 << 20;
+    Stage fits;
+    fits.processes.left = Little;
+    fits.load("1\n2\n");
+    fits.draw("9000"); // more than a block, so that there are turns amid the run
+    EXPECT_EQ(fits.main.Coup, 9002);
+    fits.processes.left = 0;
+    fits.draw("1"); // nothing is needed behind the last coup
+    EXPECT_EQ(fits.main.Coup, 9003);
+    fits.events.onTurn = [&] { fits.program.Frm_Progressbar.Abbruch = 1; };
+    fits.draw("9000");
+    EXPECT_TRUE(fits.dialogs.messages.empty());
+
+    Stage tooLong;
+    tooLong.processes.left = Little;
+    tooLong.draw("200000000"); // at least two bytes each
+    EXPECT_EQ(tooLong.dialogs.messages.size(), 1U);
+    EXPECT_GT(tooLong.main.Coup, 0);
+    const std::uint64_t scrolls = tooLong.main.Grid[0].ScrollRow().count;
+    tooLong.files.blockSize = 4;
+    tooLong.processes.left = 1;
+    tooLong.load("1\n2\n3\n4\n");
+    EXPECT_EQ(tooLong.dialogs.messages.size(), 2U) << "what has been read doesn't fit";
+    EXPECT_EQ(tooLong.main.Grid[0].ScrollRow().count, scrolls);
+}
+
 TEST(Memory, ALimitEndsARunWithAMessage) {
     std::string text;
     for (int i = 0; i < 700'000; ++i)

@@ -52,10 +52,8 @@ TEST(Series, HowMuchIsDrawn) {
         const auto before = support::state(stage.program);
         stage.draw(text);
         EXPECT_EQ(support::difference(support::state(stage.program), before), "");
-        EXPECT_EQ(stage.dialogs.messages,
-            (std::vector{
-                support::Message{"Fehler", "Diese Anzahl ist zu groß.\nEs wurde kein Coup gezogen.",
-                    platform::Icon::Critical}}));
+        ASSERT_EQ(stage.dialogs.messages.size(), 1U);
+        EXPECT_NE(stage.dialogs.messages[0].text.find("2.147.483.647"), std::string::npos);
     }
     Stage stage;
     stage.events.onTurn = [&] {

@@ -40,7 +40,7 @@ struct Stage {
         return ascii;
     }
     void draw(const std::string& count) {
-        Frm_Main::Text_Change(program, 0, count);
+        Frm_Main::Text_Change(program, platform, 0, count);
         key(13);
     }
     void load(const std::string& text) {

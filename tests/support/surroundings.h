@@ -200,12 +200,14 @@ struct Registry : platform::Registry {
 struct Processes : platform::Processes {
     std::vector<std::string> started;
     bool canStart = true;
+    std::uint64_t left = std::numeric_limits<std::uint64_t>::max();
     int ends = 0;
 
     bool start(const platform::FileName& program) override {
         started.push_back(program);
         return canStart;
     }
+    std::uint64_t memoryLeft() override { return left; }
     void end() override { ++ends; }
 };
 

@@ -120,7 +120,7 @@ std::vector<int> draw(std::uint64_t state, bool standing, const std::string& dra
     platform::Platform platform{stage.events, stage.dialogs, stage.files, clock, stage.media,
         stage.registry, stage.processes};
     stage.program.random = state;
-    Frm_Main::Text_Change(stage.program, 0, draws);
+    Frm_Main::Text_Change(stage.program, stage.platform, 0, draws);
     std::int16_t enter = 13;
     Frm_Main::Text_KeyPress(stage.program, platform, 0, enter);
     std::array<int, 256> numberOf{};

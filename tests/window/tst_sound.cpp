@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +13,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <new>
 #include <thread>
 
 #include <fcntl.h>
@@ -42,6 +44,24 @@ std::string twoNotes() {
     const char size = static_cast<char>(track.size());
     return "MThd\x00\x00\x00\x06\x00\x00\x00\x01\x00\x60MTrk\x00\x00\x00"s + size + track;
 }
+
+std::atomic<bool> starved = false; ///< all threads but the tests' own
+const std::thread::id testThread = std::this_thread::get_id();
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    void* block = starved && std::this_thread::get_id() != testThread ? nullptr : std::malloc(size);
+    return block != nullptr ? block : throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+    std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    std::free(block);
+}
+
+namespace {
 
 class SoundTest : public testing::Test {
 protected:
@@ -183,6 +203,17 @@ TEST_F(SoundTest, TheLastCommandBeforeOpeningIsDoneWins) {
         }
         EXPECT_LT(steady_clock::now() - start, 10s);
     }
+}
+
+TEST_F(SoundTest, MemoryThatFailsItMakesItSilent) {
+    desktop::SoundDevice device(setup);
+    starved = true;
+    device.open(melody(), "Sequencer");
+    device.play(0);
+    std::this_thread::sleep_for(200ms);
+    starved = false;
+    device.stop();
+    EXPECT_FALSE(fs::exists(setup.waveFile));
 }
 
 TEST_F(SoundTest, AStuckOutputHoldsNobodyUp) {

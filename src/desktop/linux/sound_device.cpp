@@ -59,6 +59,14 @@ void silenceLibraries() {
         setHandler(keepQuiet);
 }
 
+/// What fails a melody makes it silent and nothing worse: nobody has asked for it.
+template <typename Work>
+void silently(Work work) {
+    try {
+        work();
+    } catch (const std::exception&) { }
+}
+
 std::string contents(const platform::FileName& name) {
     std::error_code error;
     Files files;
@@ -234,11 +242,11 @@ public:
     }
 
     void run(const SoundSetup& setup) {
-        silenceLibraries();
-        {
+        silently([&] {
+            silenceLibraries();
             Sequencer sequencer(setup);
             serve(sequencer);
-        }
+        });
         const std::scoped_lock lock(mutex_);
         ended_ = true;
         changed_.notify_all();
@@ -336,16 +344,14 @@ SoundDevice::~SoundDevice() {
 void SoundDevice::open(const platform::FileName& file, std::string_view deviceType) {
     if (deviceType != "Sequencer")
         return;
-    if (!worker_) {
-        auto worker = std::make_shared<Worker>();
-        try {
+    silently([&] {
+        if (!worker_) {
+            auto worker = std::make_shared<Worker>();
             thread_ = std::thread([worker, setup = setup_] { worker->run(setup); });
-        } catch (const std::system_error&) {
-            return;
+            worker_ = std::move(worker);
         }
-        worker_ = std::move(worker);
-    }
-    worker_->open(file);
+        worker_->open(file);
+    });
 }
 
 void SoundDevice::play(std::int32_t position) {
