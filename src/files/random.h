@@ -8,26 +8,28 @@
 namespace files {
 
 /// Mixes the clock into the generator's state. The state moves on with every call, also while the
-/// clock stands still, so that draws within one tick differ.
+/// clock stands still, so that no two draws within one tick start from the same state.
 inline void seed(std::uint64_t& state, std::chrono::nanoseconds clock) {
     // The step is odd, so it is never 0, and under a standing clock all 2^64 states come before one
     // comes again (Weyl sequence). The constant is 2^64 divided by the golden ratio.
     state += 0x9E3779B97F4A7C15U + 2 * static_cast<std::uint64_t>(clock.count());
 }
 
-/// A float from 0 up to, but not including 1, of 24 random bits. Source of the mixing steps:
-/// Steele, Lea, Flood, "Fast Splittable Pseudorandom Number Generators", 2014 (variant 13).
-inline float draw(std::uint64_t state) {
+/// A draw: the 24 random bits of a float from 0 up to, but not including 1, in units of 2^-24.
+/// Source of the mixing steps: Steele, Lea, Flood, "Fast Splittable Pseudorandom Number
+/// Generators", 2014 (variant 13).
+inline std::uint32_t draw(std::uint64_t state) {
     std::uint64_t bits = state;
     bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9U;
     bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EBU;
     bits ^= bits >> 31;
-    return static_cast<float>(bits >> 40) * 0x1p-24F;
+    return static_cast<std::uint32_t>(bits >> 40);
 }
 
-/// The number of a draw: floor(x * 37), 0 to 36. A double holds the product exactly.
-inline int numberOf(float x) {
-    return static_cast<int>(static_cast<double>(x) * 37.0);
+/// The number of a draw, 0 to 36: the float times 37, rounded down. Whole numbers of 30 bits hold
+/// the product exactly, whatever floats a machine has.
+constexpr int numberOf(std::uint32_t draw) {
+    return static_cast<int>(draw * 37 >> 24);
 }
 
 } // namespace files

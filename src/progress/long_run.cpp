@@ -2,6 +2,7 @@
 // A long run and its dialog.
 #include "progress/long_run.h"
 
+#include <cfloat>
 #include <cmath>
 
 namespace progress {
@@ -56,7 +57,9 @@ std::string statusText(const forms::StatusLine& row) {
 }
 
 std::int64_t percent(std::int64_t step, std::int64_t total) {
-    // The quotient first, then times 100: 23 of 40 is a hair below 57.5 that way.
+    // The quotient first, then times 100: 23 of 40 is a hair below 57.5 that way, but 57.5 itself
+    // where the processor keeps more than a double.
+    static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1, "doubles must not be wider");
     const double part = static_cast<double>(step) / static_cast<double>(total);
     return static_cast<std::int64_t>(std::nearbyint(part * 100));
 }

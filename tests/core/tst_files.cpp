@@ -148,8 +148,7 @@ TEST(Files, GoldenPermanences) {
         std::ifstream expected(fs::path(entry.path()).replace_extension(".erwartet"));
         ASSERT_TRUE(expected) << "no expected numbers beside it";
         const std::vector<int> wanted(std::istream_iterator<int>(expected), {});
-        for (const std::size_t block :
-            {std::size_t{1}, std::size_t{2}, std::size_t{7}, 1UL << 20}) {
+        for (const std::size_t block : {1U, 2U, 7U, 1U << 20}) {
             Stage stage;
             stage.files.blockSize = block;
             stage.load(content(entry.path()));

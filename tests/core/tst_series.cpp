@@ -121,17 +121,13 @@ TEST(Series, TurnsComeEightMillisecondsAfterTheEndOfTheLastOne) {
     }
 }
 
-TEST(Series, ADrawsFloatBecomesANumber) {
-    EXPECT_EQ(files::numberOf(0), 0);
-    EXPECT_EQ(files::numberOf(std::nextafter(1.0F, 0.0F)), 36);
-    for (int z = 1; z <= 36; ++z) {
-        // The float next to z / 37 on either side, told by exact products.
-        float x = static_cast<float>(z) / 37.0F;
-        while (static_cast<double>(x) * 37.0 >= z)
-            x = std::nextafter(x, 0.0F);
-        EXPECT_EQ(files::numberOf(x), z - 1);
-        EXPECT_EQ(files::numberOf(std::nextafter(x, 1.0F)), z);
+TEST(Series, ADrawIsAFloatTimesThirtySevenRoundedDown) {
+    int wrong = 0;
+    for (std::uint32_t draw = 0; draw < 1U << 24; ++draw) {
+        const float x = static_cast<float>(draw) * 0x1p-24F;
+        wrong += files::numberOf(draw) != static_cast<int>(static_cast<double>(x) * 37.0);
     }
+    EXPECT_EQ(wrong, 0);
 }
 
 TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
@@ -147,14 +143,14 @@ TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
         std::vector<double> pairs(37 * 37);
         std::uint64_t state = 0;
         std::size_t before = 0;
-        float lowest = 1;
-        float highest = 0;
+        std::uint32_t lowest = 1U << 24;
+        std::uint32_t highest = 0;
         for (int i = 0; i < Draws; ++i) {
             files::seed(state, nanoseconds(clock(i)));
-            const float x = files::draw(state);
-            lowest = std::min(lowest, x);
-            highest = std::max(highest, x);
-            const auto number = static_cast<std::size_t>(files::numberOf(x));
+            const std::uint32_t draw = files::draw(state);
+            lowest = std::min(lowest, draw);
+            highest = std::max(highest, draw);
+            const auto number = static_cast<std::size_t>(files::numberOf(draw));
             ++single.at(number);
             ++pairs.at(37 * before + number);
             before = number;
@@ -172,7 +168,8 @@ TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
         EXPECT_GT(chiSquare(single), 6);
         EXPECT_LT(chiSquare(pairs), 1690);
         EXPECT_GT(chiSquare(pairs), 1060);
-        EXPECT_TRUE(lowest >= 0 && lowest < 1e-4F && highest < 1 && highest > 1 - 1e-4F);
+        // A ten-thousandth of all 2^24 draws.
+        EXPECT_TRUE(lowest < 1678 && highest < 1U << 24 && highest > (1U << 24) - 1678);
     }
     Stage stage;
     stage.clock.step = {};
