@@ -95,7 +95,7 @@ constexpr NumberSet numbersWith(std::string_view wanted, int first, int last) {
     return set;
 }
 
-/// The class that decides a number's colour on pad and tableau.
+/// The class that decides a number's colour on pad and tableau and in the grids.
 enum class NumberClass { Zero, Rouge, Noir };
 
 inline constexpr NumberSet RougeNumbers = numbersWith("R", NoirRouge, NoirRouge);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A sequence that grows by whole chunks: no copy when it grows, memory in step with its length.
+// A sequence that grows by whole chunks: no value is copied, and memory keeps step with its length.
 #pragma once
 
 #include <algorithm>
@@ -12,7 +12,8 @@
 namespace controls {
 
 /// A sequence of trivially copyable values in chunks of 65,536. A doubling vector would hold up
-/// to three times its content while it grows; this one holds at most one chunk too many.
+/// to three times its content while it grows; this one holds at most one chunk too many, or two
+/// where values have been taken off.
 template <class T>
 class Chunked {
 public:

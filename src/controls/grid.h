@@ -17,9 +17,10 @@ namespace controls {
 
 /// A grid of rows and columns, both counted from 1.
 ///
-/// A row costs one byte as long as about half of 256 numbers do for the different rows apart from
-/// their serial numbers, then two or four: it keeps the number of a pattern, and the pattern keeps
-/// texts and colours. Any single cell can still be written; the row then moves to another pattern.
+/// A row keeps the number of a pattern, and the pattern keeps texts and colours, all but a serial
+/// number. The number takes one byte; when all 256 are given out and no half of them can be
+/// dropped, two, and in the same way four. Any single cell can still be written; the row then moves
+/// to another pattern.
 class Grid {
 public:
     struct ColumnState {
@@ -34,7 +35,7 @@ public:
         std::uint64_t count = 0;
     };
 
-    /// A row to be read. Valid until the grid changes.
+    /// A row to be read. Valid as long as the row exists.
     class ConstRowRef {
     public:
         ConstRowRef(const Grid& grid, std::int64_t row) : grid_(grid), row_(row) { }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One pattern number per row, in as few bytes as the largest number needs.
+// One pattern number per row, in one, two or four bytes.
 #pragma once
 
 #include "controls/chunked.h"
@@ -10,7 +10,8 @@
 
 namespace controls {
 
-/// A column of numbers, one byte each as long as they fit, then two or four. It never narrows.
+/// A column of numbers, one byte each, or two or four after widen(). Only clear() makes it narrow
+/// again.
 class RowIds {
 public:
     std::int64_t size() const {
@@ -34,8 +35,8 @@ public:
             ids_);
     }
 
-    /// Puts every number into the next wider form. Throws std::bad_alloc and leaves everything as
-    /// it was.
+    /// Puts every number into the next wider form, if there is one. Throws std::bad_alloc and
+    /// leaves everything as it was.
     void widen();
 
     /// `id` must fit (see capacity()). Throws std::bad_alloc and leaves everything as it was.

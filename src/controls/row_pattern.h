@@ -12,11 +12,12 @@
 namespace controls {
 
 /// The content of a row. Millions of rows share a few of these. Columns count from 1. Two patterns
-/// are equal exactly when every cell reads the same, so an empty text leaves no trace.
+/// are equal exactly when all their texts and colours read the same, so an empty text leaves no
+/// trace.
 class RowPattern {
 public:
-    /// The text of a cell; empty when it was never written. Cell 1 reads empty while it stands for
-    /// the row's own number.
+    /// The text of a cell; empty when nothing else was written. Cell 1 reads empty while it stands
+    /// for the row's own number.
     std::string_view Cell(int column) const;
     /// `text` must not be a text of this same pattern.
     void Cell(int column, std::string_view text);

@@ -9,8 +9,8 @@ using Twips = int;
 
 inline constexpr Twips TwipsPerPixel = 15;
 
-/// The logical pixel (96 to the inch) of a position in twips, halves away from zero. Only edges
-/// are converted, never widths: two controls that meet in twips then meet in pixels as well.
+/// The logical pixel (96 to the inch) next to a position in twips; 15 twips leave no halves. Only
+/// edges are converted, never widths: two controls that meet in twips then meet in pixels as well.
 constexpr int toPixels(Twips edge) {
     const Twips half = edge < 0 ? -TwipsPerPixel / 2 : TwipsPerPixel / 2;
     return (edge + half) / TwipsPerPixel;

@@ -22,8 +22,8 @@ void takeCoups(Program& program, std::span<const std::uint8_t> numbers);
 /// The coup's rows and its place in the sorted view. Plein and Coup must be set already.
 void Eingabe_Coup(Program& program);
 
-/// Appends the coup's row to the sorted view and to the store. Throws std::bad_alloc with both
-/// grids as they were.
+/// Appends the coup's row to the sorted view and to the store. Throws std::bad_alloc; the sorted
+/// view may have its row by then, which takeCoup takes off again.
 void Permanenz_Zeile(Program& program);
 
 } // namespace M_Permanenz

@@ -39,8 +39,8 @@ inline unsigned ownLine(const char* line, std::size_t length) {
     return fits & (one | (length == 5)) ? 10 * tens + ones : OtherLine;
 }
 
-/// The number of a line that is one digit or two, with at most one blank on either side and a CR
-/// at the end. Also without branches. LF follows, and 8 bytes can be read.
+/// The number of a line that is one digit or two, with at most one blank on either side, and ends
+/// with a CR or without one. Also without branches. LF follows, and 8 bytes can be read.
 inline unsigned usualLine(const char* line, std::size_t length) {
     if (length >= WordSize)
         return OtherLine;

@@ -43,7 +43,7 @@ struct MainForm {
     bool Visible = false;
     bool Enabled = true;
     std::uint64_t focusRequests = 0;
-    bool inHandler = false; ///< a handler is at work; no other one may start
+    bool inHandler = false; ///< a handler of this form is at work; no other one of it may start
     bool closeRequested = false; ///< closing was asked for while a handler was at work
 
     std::array<controls::Grid, 4> Grid; ///< 0 sorted view, 1 permanence store, 3 Chancentabelle
@@ -106,16 +106,15 @@ struct WaterField {
     }
 };
 
-/// What a row pattern turned into when a number was last written on it.
+/// The ready-made row of one number.
 struct Transition {
     bool known = false;
-    controls::PatternId before = 0;
-    controls::PatternId after = 0;
+    controls::PatternId before = 0; ///< the row without its marks; 0 where there are none to write
+    controls::PatternId after = 0; ///< the row
 };
 
-/// Ready-made rows, kept so that a coup needs no text work. They only repeat what writing the
-/// cells one by one gave before, and fall away when a grid renumbers its patterns or the view
-/// changes its family or mode.
+/// Ready-made rows, kept so that a coup needs no text work. They are what writing the cells one by
+/// one would give, and fall away when a grid drops patterns or the view changes its family or mode.
 struct ReadyRows {
     std::array<Transition, chances::NumberCount> view; ///< bare view rows in their colours
     std::array<Transition, chances::NumberCount> store; ///< store rows

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The chance families, a row each: the shape that a family gives the sorted view, and the rules by
-// which it places a coup. A further family is one more row here.
+// which it places a coup. A further family is one more row here and one more name in chances/.
 #pragma once
 
 #include "chances/chancentabelle.h"

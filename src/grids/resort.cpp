@@ -63,7 +63,7 @@ private:
     int number(std::int64_t row) const { return std::stoi(store_.Row(row).Cell(2)); }
 
     /// Goes through rows from `row` on as long as each has a known result; gives the first that
-    /// hasn't, or to + 1.
+    /// hasn't, that begins another chunk, or to + 1.
     std::int64_t knownRows(std::int64_t row, std::int64_t to) {
         if (known_.empty())
             return row;

@@ -10,12 +10,13 @@
 
 namespace Sound {
 
-/// The device type for a file by the text behind its last ".", whatever its case; "MPEGVideo" for
-/// an unknown one, empty for a name without ".". `IstVideo` becomes whether it is a video.
+/// The device type for a file by the text behind the last "." of its name, folders apart, whatever
+/// the case; "MPEGVideo" for an unknown one, empty for a name without ".". `IstVideo` becomes
+/// whether it is a video.
 std::string Sound_Geraetetyp(std::string_view Datei, bool& IstVideo);
 
-/// Opens a file (full path). Refused without a word while one is open. `Fenster` is the window to
-/// show a video in, 0 for none.
+/// Opens a file (full path). Refused without a word while one is open. `Fenster`, the window for a
+/// video, isn't used.
 void Sound_Oeffnen(
     platform::Platform& platform, const platform::FileName& Datei, std::uint32_t Fenster);
 

@@ -13,7 +13,7 @@ namespace info {
 inline constexpr std::uint32_t HkeyLocalMachine = 0x80000002;
 
 /// Reads the value `SubKeyRef` of the key `KeyName` below `KeyRoot` into `KeyVal`; true if it was
-/// read. Every value is cut at its first NUL byte. A number becomes "&h" and its bytes from the
+/// found. Every value is cut at its first NUL byte. A number becomes "&h" and its bytes from the
 /// last to the first, each in hexadecimal without leading zero. Another type leaves `KeyVal` as it
 /// is, a failure empties it. A key that was opened is always closed.
 bool GetKeyValue(platform::Registry& registry, std::uint32_t KeyRoot, std::string_view KeyName,

@@ -24,7 +24,7 @@ public:
 /// Creates the field for a surface of the given inner size in pixels, all shifts 0.
 void createField(forms::Program& program, int width, int height);
 
-/// One pass of the animation: moves every cell by its shift and copies it.
+/// One pass of the animation: moves the shift of every cell on, and copies the cell to its place.
 void Wasser_Animieren(forms::Program& program, platform::Clock& clock, Surface& surface);
 
 } // namespace Unterwassereffekt

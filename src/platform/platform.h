@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the program asks of its surroundings, in standard types. The window library fulfils these
-// for real, the tests with stand-ins.
+// What the program asks of its surroundings, in standard types. desktop/ fulfils these for real,
+// the tests with stand-ins.
 #pragma once
 
 #include <chrono>
@@ -64,8 +64,7 @@ public:
     virtual std::size_t read(std::span<char> block, std::error_code& error) = 0;
 };
 
-/// A file being written aside. The file of that name is the old one until commit() has succeeded,
-/// and the old one again if commit() is never called or fails.
+/// A file being written aside. The file of that name stays the old one unless commit() succeeds.
 class Writer {
 public:
     virtual ~Writer() = default;

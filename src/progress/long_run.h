@@ -14,7 +14,7 @@ namespace progress {
 /// Coups or rows that are worked on between two looks at the clock.
 inline constexpr std::int64_t BlockSize = 4096;
 
-/// The time from the end of one event turn to the beginning of the next.
+/// The least time from the end of one event turn to the beginning of the next.
 inline constexpr std::chrono::milliseconds TurnInterval{8};
 
 /// Gives the surroundings a turn whenever one is due.

@@ -14,7 +14,7 @@ namespace M_Chancen {
 
 using forms::Program;
 
-/// The third step of a coup: counts it.
+/// The second of a coup's three steps: counts it.
 void Chancen_Coup(Program& program);
 
 /// Raises every counter that the current number, Plein (0 to 36), belongs to.
