@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where every control stands and how it looks at first: one row per control, back to front.
+// Where every control stands and how it looks at first, back to front unless told otherwise.
 #pragma once
 
 #include "chances/chancentabelle.h"
@@ -79,7 +79,8 @@ struct GradientLabel {
     Color to = 0;
 };
 
-/// A cell of the pad or of the tableau, by its number. Its colours stand in M_Tableau.
+/// A cell of the pad or of the tableau, or its badge, by its number. Colours stand in M_Tableau and
+/// M_Chancen.
 struct NumberCell {
     int number = 0;
     Rect place{};
@@ -87,7 +88,6 @@ struct NumberCell {
 
 /// A rectangle behind the tableau's labels.
 struct Shape {
-    int index = 0;
     Rect place{};
     bool filled = false;
     Color fill = 0;
@@ -96,7 +96,6 @@ struct Shape {
 
 /// A straight line, black unless its owner says otherwise, from (x1, y1) to (x2, y2).
 struct Line {
-    int index = 0;
     Twips x1 = 0;
     Twips y1 = 0;
     Twips x2 = 0;
@@ -153,7 +152,7 @@ inline constexpr std::array Sortierung{
     Control{Name::Check, 1, {1920, 9960, 975, 255}, "Gitter an"},
 };
 
-/// The panel "Tableau", apart from shapes, lines, cells and counters.
+/// The panel "Tableau", apart from shapes, lines, cells and the labels of the chances.
 inline constexpr std::array Tableau{
     Control{Name::Label, 4, {3240, 480, 1680, 195}},
     Control{Name::Label, 0, {1080, 9360, 1920, 195}, "Pleins Markieren die genau", UnderlinedFont},
@@ -168,24 +167,24 @@ inline constexpr std::array Tableau{
 
 /// Shapes behind the tableau, front to back.
 inline constexpr std::array Shapes{
-    Shape{2, {1320, 3900, 5295, 2235}, false, 0, 8},
-    Shape{1, {1320, 1680, 5295, 2235}, false, 0, 8},
-    Shape{0, {3060, 1020, 1815, 7995}, true, controls::Black, 1},
-    Shape{3, {1020, 840, 5895, 8355}, true, controls::Cloth, 3},
+    Shape{{1320, 3900, 5295, 2235}, false, 0, 8},
+    Shape{{1320, 1680, 5295, 2235}, false, 0, 8},
+    Shape{{3060, 1020, 1815, 7995}, true, controls::Black, 1},
+    Shape{{1020, 840, 5895, 8355}, true, controls::Cloth, 3},
 };
 
 /// Lines between the shapes.
 inline constexpr std::array Lines{
-    Line{0, 4860, 8940, 6600, 8340, 8},
-    Line{1, 1320, 6120, 1320, 8280, 8},
-    Line{2, 4800, 8340, 6540, 7800, 8},
-    Line{3, 6600, 6180, 6600, 8340, 8},
-    Line{4, 5400, 8160, 5400, 8700, 4},
-    Line{5, 6000, 7980, 6000, 8580, 4},
-    Line{6, 2520, 8100, 2520, 8700, 4},
-    Line{7, 1920, 7980, 1920, 8520, 4},
-    Line{9, 1320, 8280, 3060, 8940, 8},
-    Line{11, 1320, 7680, 3120, 8340, 8},
+    Line{4860, 8940, 6600, 8340, 8},
+    Line{1320, 6120, 1320, 8280, 8},
+    Line{4800, 8340, 6540, 7800, 8},
+    Line{6600, 6180, 6600, 8340, 8},
+    Line{5400, 8160, 5400, 8700, 4},
+    Line{6000, 7980, 6000, 8580, 4},
+    Line{2520, 8100, 2520, 8700, 4},
+    Line{1920, 7980, 1920, 8520, 4},
+    Line{1320, 8280, 3060, 8940, 8},
+    Line{1320, 7680, 3120, 8340, 8},
 };
 
 namespace detail {
@@ -254,11 +253,12 @@ consteval auto counterLabels() {
         labels[next++] = label(Name::XPLabel_TVP, i, {1800, rowTop(i - 1), 1335, 495}, Rose);
     labels[next++] = label(Name::XPLabel_TVP, 13, {2350, 1200, 1335, 495}, Rose);
     labels[next++] = label(Name::XPLabel_TVP, 14, {4260, 1200, 1335, 495}, Rose);
-    constexpr std::array<Twips, 11> tops{
-        1980, 3060, 4200, 5280, 6420, 7500, 2520, 3660, 4740, 5880, 6960};
-    for (int i = 1; i <= 11; ++i)
-        labels[next++] = label(
-            Name::XPLabel_TVS, i, {4800, tops[static_cast<std::size_t>(i - 1)], 1335, 495}, Orange);
+    // On the border between two rows: 1 to 6 begin with the first row, 7 to 11 with the second.
+    for (int i = 1; i <= 11; ++i) {
+        const int lowerRow = i <= 6 ? 2 * i - 1 : 2 * (i - 6);
+        labels[next++]
+            = label(Name::XPLabel_TVS, i, {4800, rowTop(lowerRow) - 300, 1335, 495}, Orange);
+    }
     return labels;
 }
 
@@ -306,6 +306,6 @@ inline constexpr std::array Info{
     Control{Name::lblDisclaimer, 1, {1920, 4080, 4470, 360},
         "Vergangene Coups sagen nichts über den nächsten."},
 };
-inline constexpr Line InfoDivider{1, 120, 2400, 6300, 2400, 1};
+inline constexpr Line InfoDivider{120, 2400, 6300, 2400, 1};
 
 } // namespace forms::plan

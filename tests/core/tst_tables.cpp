@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program's tables against what is known of a roulette table and of the window's plan.
+// The program's tables against what is known of a roulette table.
 #include "chances/families.h"
-#include "forms/plan.h"
 #include "grids/families.h"
 #include "stats/counters.h"
 #include "support/reference.h"
@@ -85,67 +84,6 @@ TEST(Tables, StartOfTheProgram) {
         EXPECT_EQ(stage.main.Grid[i].DisplayMode, 1);
         EXPECT_EQ(stage.main.Grid[i].GridLines, 0);
     }
-}
-
-/// A number that any change of any measure, colour or word changes, and of their order.
-class Digest {
-public:
-    template <class... Values>
-    Digest& operator()(const Values&... values) {
-        (mix(values), ...);
-        return *this;
-    }
-    std::uint64_t value() const { return value_; }
-
-private:
-    void mix(std::int64_t value) {
-        value_ = (value_ ^ static_cast<std::uint64_t>(value)) * 0x100000001B3U;
-    }
-    void mix(std::string_view text) {
-        for (const char letter : text)
-            mix(static_cast<std::int64_t>(letter));
-    }
-    void mix(const forms::plan::Rect& r) { (*this)(r.left, r.top, r.width, r.height); }
-    void mix(const forms::plan::Control& c) {
-        (*this)(c.index, c.place, c.caption, c.font.size, c.font.bold, c.font.underline,
-            c.foreColor, c.toolTip);
-    }
-    void mix(const forms::plan::GradientLabel& l) { (*this)(l.index, l.place, l.from, l.to); }
-    void mix(const forms::plan::NumberCell& c) { (*this)(c.number, c.place); }
-    void mix(const forms::plan::Shape& s) { (*this)(s.index, s.place, s.filled, s.fill, s.border); }
-    void mix(const forms::plan::Line& l) { (*this)(l.index, l.x1, l.y1, l.x2, l.y2, l.width); }
-    template <class Table>
-    requires requires(const Table& table) { table.front().place; } || requires(const Table& table) {
-        table.front().x1;
-    }
-    void mix(const Table& table) {
-        for (const auto& row : table)
-            mix(row);
-    }
-
-    std::uint64_t value_ = 0xCBF29CE484222325U;
-};
-
-// The plan is settled, and its windows are held against it. What remains is a slip while something
-// near it is edited; a change that is meant brings its new digest along.
-TEST(Tables, ThePlanIsAsItWasSettled) {
-    namespace plan = forms::plan;
-    EXPECT_EQ(plan::PadCells[36].place, (plan::Rect{720, 3780, 315, 315}));
-    EXPECT_EQ(plan::TableauCells[36].place, (plan::Rect{4260, 7800, 495, 495}));
-    EXPECT_EQ(
-        Digest()(plan::PadCells, plan::TableauCells, plan::Badges).value(), 7179430915972940245U);
-    EXPECT_EQ(
-        Digest()(plan::CounterLabels, plan::Shapes, plan::Lines).value(), 15035059137035544816U);
-    EXPECT_EQ(Digest()(plan::MainCaption, plan::MainClient, plan::Panels, plan::Eingabe,
-                  plan::Sortierung, plan::Tableau, plan::PanelCaptionColor, plan::PanelBorderColor,
-                  plan::HoverBack, plan::HoverFore)
-                  .value(),
-        9222857147172392327U);
-    EXPECT_EQ(Digest()(plan::StartClient, plan::StartInterval, plan::Start, plan::ProgressClient,
-                  plan::ProgressCaption, plan::Progress, plan::InfoClient, plan::InfoCaption,
-                  plan::Info, plan::InfoDivider)
-                  .value(),
-        9969623374108125276U);
 }
 
 } // namespace
