@@ -45,14 +45,17 @@ TEST(Layout, MeasuresAreWholePixelsAndIndicesHaveNoGap) {
     std::map<Name, std::set<int>> indices;
     for (std::size_t i = 0; i < Tables.size(); ++i) {
         check(Tables[i].first);
-        whole({Tables[i].second.width, Tables[i].second.height});
+        const Rect& outer = Tables[i].second;
+        whole({outer.left, outer.top, outer.width, outer.height});
         for (const plan::Control& control : Tables[i].first) {
             EXPECT_EQ(control.font.size % 75, 0) << "hundredths of a point, 75 to the pixel";
             EXPECT_TRUE(i >= 4 || indices[control.name].insert(control.index).second);
         }
     }
-    check(plan::PadCells), check(plan::TableauCells), check(plan::Badges);
-    check(plan::CounterLabels), check(plan::Shapes);
+    check(plan::PadCells);
+    check(plan::TableauCells);
+    check(plan::CounterLabels);
+    check(plan::Shapes);
     for (const plan::Line& line : plan::Lines)
         whole({line.x1, line.y1, line.x2, line.y2});
     EXPECT_EQ(broken, (std::vector{2000, 1467, 1452, 2350})) << "so on purpose";
