@@ -8,7 +8,6 @@
 #include <array>
 #include <bit>
 #include <chrono>
-#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
@@ -64,19 +63,8 @@ struct Digits {
 };
 constexpr Digits digits;
 
-/// The number of any line up to 7 letters long, or 37 and more.
-unsigned anyNumber(const char* from, std::ptrdiff_t length) {
-    std::array<char, 8> line{};
-    std::copy_n(from, std::min<std::ptrdiff_t>(length, 7), line.begin());
-    unsigned value = 0;
-    int used = 0;
-    return length <= 7 && std::sscanf(line.data(), " %2u %n", &value, &used) == 1 && used == length
-        ? value
-        : 37;
-}
-
 /// The number of a line without its LF: a blank, one digit or two, a blank, a CR. Without
-/// branches, for the digits can't be foreseen. Any other line goes the long way.
+/// branches, for the digits can't be foreseen. 37 and more for any other line.
 unsigned number(const char* from, std::ptrdiff_t length) {
     const unsigned two = length == 5;
     std::uint64_t line = 0;
@@ -86,7 +74,7 @@ unsigned number(const char* from, std::ptrdiff_t length) {
     constexpr std::uint64_t behind = std::uint64_t{'\r'} << 32 | std::uint64_t{' '} << 24;
     const std::uint64_t expected = behind | (two ? ' ' : 0);
     if ((line & fixed) != expected || (length != 5 && length != 4))
-        return anyNumber(from, length);
+        return 37;
     return unsigned{digits.tens[two][line >> 8 & 0xFF]} + digits.ones[line >> 16 & 0xFF];
 }
 
@@ -106,9 +94,9 @@ public:
     }
     void add(unsigned value) { *next_++ = static_cast<std::uint8_t>(value); }
 
-    void finish(const std::array<std::int64_t, 37>& counts) {
+    void finish(const Counts& counts) {
         finishChunk();
-        bare_.counts.assign(counts.begin(), counts.end());
+        bare_.counts = counts;
     }
 
 private:
@@ -134,7 +122,7 @@ std::vector<std::uint8_t> Bare::numbers() const {
 }
 
 Counts Bare::recount() const {
-    Counts found(37);
+    Counts found{};
     for (const std::uint8_t number : numbers())
         ++found[number];
     return found;
@@ -143,7 +131,7 @@ Counts Bare::recount() const {
 Bare bareLoad(const std::string& file) {
     Bare bare;
     Store store(bare);
-    std::array<std::int64_t, 37> counts{};
+    Counts counts{};
     std::array<char, Overhang + BlockSize + Overhang> buffer{};
     char* const block = buffer.data() + Overhang;
     const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
@@ -178,14 +166,16 @@ Bare bareLoad(const std::string& file) {
 Bare bareDraw(std::int64_t count) {
     Bare bare;
     Store store(bare);
-    std::array<std::int64_t, 37> counts{};
+    Counts counts{};
     std::uint64_t state = 0;
-    for (std::int64_t i = 0; i < count; ++i) {
-        store.room(1);
-        files::seed(state, std::chrono::steady_clock::now().time_since_epoch());
-        const auto value = static_cast<unsigned>(files::numberOf(files::draw(state)));
-        store.add(value);
-        ++counts[value];
+    for (std::int64_t i = 0; i < count;) {
+        store.room(64);
+        for (const std::int64_t end = std::min<std::int64_t>(i + 64, count); i < end; ++i) {
+            files::seed(state, std::chrono::nanoseconds(i));
+            const auto value = static_cast<unsigned>(files::numberOf(files::draw(state)));
+            store.add(value);
+            ++counts[value];
+        }
     }
     store.finish(counts);
     return bare;

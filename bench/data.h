@@ -10,13 +10,14 @@
 namespace bench {
 
 /// A file as the program itself writes it. It is made where it isn't there yet, in the folder
-/// "daten" beside the benchmark.
+/// "data" beside the benchmark.
 struct Data {
     std::string file;
     std::int64_t coups = 0;
     Counts counts; ///< how often each number is in it, counted while it was thought up
 };
 
-Data dataOf(std::int64_t coups);
+/// Made once; the reference stays good.
+const Data& dataOf(std::int64_t coups);
 
 } // namespace bench

@@ -27,19 +27,12 @@ constexpr double longestWait = 60; // seconds
 constexpr int patience = 60; // milliseconds, a few frames
 constexpr int messageWatch = 1000; // milliseconds; rare enough to cost nothing
 
-template <class Widget>
-Widget& found(Widget* widget, const char* what) {
-    if (!widget) {
-        std::fprintf(stderr, "no %s in the window\n", what);
-        std::exit(2);
-    }
-    return *widget;
-}
-
-window::MainWindow* mainWindow() {
+/// The visible window of this class, or null.
+template <class Window>
+Window* visible() {
     for (QWidget* widget : QApplication::topLevelWidgets())
-        if (auto* main = qobject_cast<window::MainWindow*>(widget); main && main->isVisible())
-            return main;
+        if (auto* window = qobject_cast<Window*>(widget); window && window->isVisible())
+            return window;
     return nullptr;
 }
 
@@ -63,54 +56,36 @@ void answerFileDialog(const std::string& file, const std::function<void()>& answ
 } // namespace
 
 Desk::Desk(window::MainWindow& main)
-    : main_(main), view_(&found(main.findChild<window::GridView*>(), "grid")),
-      tableau_(&found(main.findChild<window::TableauView*>(), "tableau")) { }
+    : main_(main), view_(*main.findChild<window::GridView*>()),
+      tableau_(*main.findChild<window::TableauView*>()) { }
 
-RunTimes Desk::load(const std::string& file, const std::function<void()>& answered) {
-    RunTimes begin;
-    answerFileDialog(file, [&] {
+double Desk::load(const std::string& file, const std::function<void()>& answered) {
+    double begin = 0;
+    startLoad(file, [&] {
         answered();
-        begin = {threadSeconds(), wallSeconds()};
+        begin = threadSeconds();
     });
+    const double waited = wallSeconds();
+    while (!lastRowShown() && wallSeconds() - waited < longestWait)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QCoreApplication::processEvents();
+    return threadSeconds() - begin;
+}
+
+void Desk::startLoad(const std::string& file, const std::function<void()>& answered) {
+    answerFileDialog(file, answered);
     press(loadButton);
-    untilPainted();
-    return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
 }
 
-void Desk::loadInPart(const std::string& file, const std::function<void()>& ended) {
-    answerFileDialog(file, [] {});
-    press(loadButton);
-    ended();
-}
-
-RunTimes Desk::draw(std::int64_t count) {
-    const RunTimes begin{threadSeconds(), wallSeconds()};
-    drawInPart(count, [] {});
-    untilPainted();
-    return {threadSeconds() - begin.cpu, wallSeconds() - begin.wall};
-}
-
-void Desk::drawInPart(std::int64_t count, const std::function<void()>& ended) {
+void Desk::startDraw(std::int64_t count) {
     auto* const box = main_.findChild<QLineEdit*>(look::controlName(Name::Text, 0));
-    found(box, "count box").setText(QString::number(count));
+    box->setText(QString::number(count));
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
     QApplication::sendEvent(box, &enter);
-    ended();
 }
 
 void Desk::press(int button) {
-    const QString name = look::controlName(Name::xpButton, button);
-    found(main_.findChild<QPushButton*>(name), "button").click();
-}
-
-bool Desk::until(const std::function<bool()>& done) {
-    const double begin = wallSeconds();
-    while (!done()) {
-        if (wallSeconds() - begin > longestWait)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
+    main_.findChild<QPushButton*>(look::controlName(Name::xpButton, button))->click();
 }
 
 void Desk::settle() {
@@ -120,36 +95,29 @@ void Desk::settle() {
 }
 
 Counts Desk::counters() const {
-    Counts counts;
-    for (int number = 0; number < 37; ++number)
-        counts.push_back(tableau_->itemText(window::TableauView::FirstBadge + number).toLongLong());
+    Counts counts{};
+    for (int badge = window::TableauView::FirstBadge; std::int64_t & count : counts)
+        count = tableau_.itemText(badge++).toLongLong();
     return counts;
 }
 
 window::ProgressWindow* Desk::progress() {
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        if (auto* dialog = qobject_cast<window::ProgressWindow*>(widget))
-            return dialog->isVisible() ? dialog : nullptr;
-    return nullptr;
-}
-
-void Desk::untilPainted() {
-    until([this] { return lastRowShown(); });
-    QCoreApplication::processEvents();
+    return visible<window::ProgressWindow>();
 }
 
 bool Desk::lastRowShown() const {
-    return view_->isEnabled() && view_->top() + view_->fullRows() >= rows();
+    return view_.isEnabled() && view_.top() + view_.fullRows() >= rows();
 }
 
 void atDesk(QApplication& application, const std::function<void(Desk&)>& script) {
     window::Application program("0.0.0");
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &application, [&] {
-        if (!mainWindow())
+        auto* const main = visible<window::MainWindow>();
+        if (!main)
             return;
         look.stop();
-        Desk desk(*mainWindow());
+        Desk desk(*main);
         desk.settle();
         script(desk);
         QCoreApplication::exit(0);

@@ -3,8 +3,6 @@
 #include "harness.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdarg>
 #include <cstdio>
 #include <ctime>
 
@@ -18,23 +16,7 @@ double seconds(clockid_t clock) {
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-const char* verdict(const Goal& goal) {
-    if (goal.value <= goal.beyond)
-        return "beyond";
-    return goal.value <= goal.reach ? "reached" : "MISSED";
-}
-
-void print(const Goal& goal) {
-    std::printf("%-50s %9.3f %-6s %7.2f %7.2f  %-8s %s\n", goal.name.c_str(), goal.value,
-        goal.unit.c_str(), goal.reach, goal.beyond, verdict(goal), goal.detail.c_str());
-    std::fflush(stdout);
-}
-
 } // namespace
-
-double threadSeconds() {
-    return seconds(CLOCK_THREAD_CPUTIME_ID);
-}
 
 double threadSeconds(pthread_t thread) {
     clockid_t clock = CLOCK_THREAD_CPUTIME_ID;
@@ -52,10 +34,6 @@ double median(std::vector<double> values) {
     return *middle;
 }
 
-double largest(const std::vector<double>& values) {
-    return *std::max_element(values.begin(), values.end());
-}
-
 Comparison interleaved(
     int rounds, const std::function<double()>& ours, const std::function<double()>& theirs) {
     std::vector<double> one;
@@ -67,52 +45,42 @@ Comparison interleaved(
     return {median(one), median(other)};
 }
 
-void Report::section(const std::string& title) const {
-    std::printf("\n== %s\n", title.c_str());
-    std::fflush(stdout);
+Report::Report() {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0); // each line as it comes, into a file too
+    std::printf("%-50s %9s %-6s %7s %7s\n", "goal", "measured", "", "reach", "beyond");
 }
 
-void Report::line(const std::string& text) const {
-    std::printf("%s\n", text.c_str());
-    std::fflush(stdout);
+void Report::goal(const QString& name, double value, const char* unit, const Bounds& bounds,
+    const QString& detail) const {
+    const char* const verdict = value <= bounds.beyond ? "beyond"
+        : value <= bounds.reach                        ? "reached"
+                                                       : "MISSED";
+    std::printf("%-50s %9.3f %-6s %7.2f %7.2f  %-8s %s\n", qUtf8Printable(name), value, unit,
+        bounds.reach, bounds.beyond, verdict, qUtf8Printable(detail));
 }
 
-void Report::goal(const Goal& goal) {
-    goals_.push_back(goal);
-    print(goal);
+void Report::ratio(const QString& name, const Comparison& times, const Bounds& bounds, double scale,
+    const char* unit) const {
+    goal(name, times.ours / times.theirs, "x", bounds,
+        QString::asprintf("%.3f against %.3f %s", times.ours * scale, times.theirs * scale, unit));
 }
 
-void Report::check(bool holds, const std::string& what) {
+void Report::check(bool holds, const QString& what) {
     ++checks_;
     if (holds)
         return;
-    failed_.push_back(what);
-    line("FAILED CHECK: " + what);
+    ++failed_;
+    std::printf("FAILED CHECK: %s\n", qUtf8Printable(what));
 }
 
 int Report::close() const {
-    section("All goals");
-    std::printf("%-50s %9s %-6s %7s %7s\n", "goal", "measured", "", "reach", "beyond");
-    for (const Goal& goal : goals_)
-        print(goal);
-    std::printf("\nchecks: %d, failed: %zu\n", checks_, failed_.size());
-    for (const std::string& what : failed_)
-        line("FAILED CHECK: " + what);
-    return failed_.empty() ? 0 : 1;
+    std::printf("checks: %d, failed: %d\n", checks_, failed_);
+    return checks_ > 0 && failed_ == 0 ? 0 : 1;
 }
 
-std::string text(const char* format, ...) {
-    std::array<char, 512> buffer{};
-    std::va_list arguments;
-    va_start(arguments, format);
-    std::vsnprintf(buffer.data(), buffer.size(), format, arguments);
-    va_end(arguments);
-    return buffer.data();
-}
-
-std::string shortNumber(std::int64_t number) {
-    return number >= Million ? std::to_string(number / Million) + " M"
-                             : std::to_string(number / Thousand) + " k";
+QString shortNumber(std::int64_t number) {
+    return number >= Million ? QString("%1 M").arg(number / Million)
+                             : QString("%1 k").arg(number / Thousand);
 }
 
 } // namespace bench

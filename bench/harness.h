@@ -2,9 +2,10 @@
 // Clocks, medians, interleaved comparisons, and the table that the benchmark prints.
 #pragma once
 
+#include <QString>
+
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <vector>
 
 #include <pthread.h>
@@ -17,12 +18,9 @@ inline constexpr std::int64_t Million = 1'000'000;
 /// How often a comparison is made at least; a median of fewer says little.
 inline constexpr int Rounds = 9;
 
-/// Seconds of processor time that this thread has used: what others do at the same time on the
+/// Seconds of processor time that a thread has used: what others do at the same time on the
 /// machine hardly shows in it.
-double threadSeconds();
-
-/// The same of another thread.
-double threadSeconds(pthread_t thread);
+double threadSeconds(pthread_t thread = ::pthread_self());
 
 /// Seconds that have passed.
 double wallSeconds();
@@ -36,13 +34,11 @@ double timeOf(Work work) {
 }
 
 double median(std::vector<double> values);
-double largest(const std::vector<double>& values);
 
 /// The medians of two kinds of work.
 struct Comparison {
     double ours = 0;
     double theirs = 0;
-    double ratio() const { return ours / theirs; }
 };
 
 /// Measures in turns, A B A B, so that a change of the machine's speed hits both. Each function
@@ -50,38 +46,33 @@ struct Comparison {
 Comparison interleaved(
     int rounds, const std::function<double()>& ours, const std::function<double()>& theirs);
 
-/// A goal and what was measured; less is better.
-struct Goal {
-    std::string name;
-    double value = 0;
-    std::string unit; ///< "x" for a ratio
+/// What is to be reached, and what would be better still; less is better.
+struct Bounds {
     double reach = 0;
     double beyond = 0;
-    std::string detail;
 };
 
-/// Prints goals, checks and remarks as they come, and repeats all goals as one table at the end.
+/// Prints each goal as a line of one table, and each check that fails.
 class Report {
 public:
-    void section(const std::string& title) const;
-    void line(const std::string& text) const;
-    void goal(const Goal& goal);
+    Report();
+    void goal(const QString& name, double value, const char* unit, const Bounds& bounds,
+        const QString& detail) const;
+    /// A goal that is a ratio; its times are told in a unit of which `scale` make a second.
+    void ratio(const QString& name, const Comparison& times, const Bounds& bounds, double scale,
+        const char* unit) const;
     /// A fact that must hold for the numbers to mean anything.
-    void check(bool holds, const std::string& what);
-    /// Prints the table of goals and the checks that failed. The program's exit code: 1 if a check
-    /// failed. A goal that is missed is a number to look at, no failure.
+    void check(bool holds, const QString& what);
+    /// The program's exit code: 1 if a check failed, or none was made. A goal that is missed is a
+    /// number to look at, no failure.
     int close() const;
 
 private:
-    std::vector<Goal> goals_;
-    std::vector<std::string> failed_;
     int checks_ = 0;
+    int failed_ = 0;
 };
 
-/// As printf, into a string.
-[[gnu::format(printf, 1, 2)]] std::string text(const char* format, ...);
-
 /// "10 k", "100 M".
-std::string shortNumber(std::int64_t number);
+QString shortNumber(std::int64_t number);
 
 } // namespace bench

@@ -3,8 +3,7 @@
 #pragma once
 
 #include "bare_loops.h"
-#include "desktop/linux/clock.h"
-#include "desktop/linux/files.h"
+#include "desktop/desktop.h"
 #include "shell/handlers.h"
 #include "stats/counters.h"
 
@@ -20,7 +19,6 @@ struct NoEvents final : platform::Events {
 /// Answers every file dialog with one name.
 struct OneFile final : platform::Dialogs {
     std::string name;
-    int messages = 0;
 
     std::optional<platform::FileName> openFile(
         std::string_view, const platform::Filter&, const platform::FileName&) override {
@@ -30,84 +28,70 @@ struct OneFile final : platform::Dialogs {
         std::string_view, const platform::Filter&, const platform::FileName&) override {
         return name;
     }
-    void message(std::string_view, std::string_view, platform::Icon) override { ++messages; }
+    void message(std::string_view, std::string_view, platform::Icon) override { }
     std::string prompt(std::string_view, std::string_view) override { return {}; }
 };
 
-struct NoMedia final : platform::MediaDevice {
-    void open(const platform::FileName&, std::string_view) override { }
-    void play(std::int32_t) override { }
-    void stop() override { }
-};
-
-struct NoRegistry final : platform::Registry {
-    std::optional<Key> open(std::uint32_t, std::string_view) override { return {}; }
-    std::optional<std::uint32_t> query(
-        Key, std::string_view, std::span<char>, std::size_t&) override {
-        return {};
+/// How many rows have each pattern.
+inline std::vector<std::int64_t> rowsByPattern(const controls::Grid& grid) {
+    std::vector<std::int64_t> rows;
+    for (std::int64_t row = 1; row <= grid.RowCount(); ++row) {
+        const controls::PatternId id = grid.patternOf(row);
+        if (id >= rows.size())
+            rows.resize(id + 1);
+        ++rows[id];
     }
-    void close(Key) override { }
-};
-
-struct NoProcesses final : platform::Processes {
-    bool start(const platform::FileName&) override { return false; }
-    void end() override { }
-};
+    return rows;
+}
 
 /// A started program and what a user does with it.
 class Stage {
 public:
-    Stage() { Frm_Main::Form_Load(program); }
+    Stage() { Frm_Main::Form_Load(program_); }
 
-    void click(int number) { Frm_Main::xpLabel_Tableau_Click(program, platform_, number); }
-    void undo() { Frm_Main::xpButton_Click(program, platform_, 0); }
-    void reset() { Frm_Main::xpButton_Click(program, platform_, 1); }
+    void click(std::int64_t coup) {
+        Frm_Main::xpLabel_Tableau_Click(program_, platform_, static_cast<int>(coup * 7 % 37));
+    }
+    void undo() { Frm_Main::xpButton_Click(program_, platform_, 0); }
     void load(const std::string& file) {
         dialogs_.name = file;
-        Frm_Main::xpButton_Click(program, platform_, 2);
-    }
-    void save(const std::string& file) {
-        dialogs_.name = file;
-        Frm_Main::xpButton_Click(program, platform_, 3);
+        Frm_Main::xpButton_Click(program_, platform_, 2);
     }
     void draw(std::int64_t count) {
-        Frm_Main::Text_Change(program, platform, 0, std::to_string(count));
+        Frm_Main::Text_Change(program_, 0, std::to_string(count));
         std::int16_t enter = 13;
-        Frm_Main::Text_KeyPress(program, platform_, 0, enter);
+        Frm_Main::Text_KeyPress(program_, platform_, 0, enter);
     }
-    void family(int entry) { Frm_Main::xpCombo_Click(program, platform_, entry); }
+    void family(int entry) { Frm_Main::xpCombo_Click(program_, platform_, entry); }
 
-    const controls::Grid& view() const { return program.Frm_Main.Grid[0]; }
-    int messages() const { return dialogs_.messages; }
+    const controls::Grid& view() const { return program_.Frm_Main.Grid[0]; }
+    std::int64_t rows() const { return view().RowCount(); }
 
     /// What the counters say.
     Counts counters() const {
-        Counts counts;
-        for (int number = 0; number < 37; ++number)
-            counts.push_back(M_Chancen::Anz_Plein(program, number));
+        Counts counts{};
+        for (int number = 0; std::int64_t & count : counts)
+            count = M_Chancen::Anz_Plein(program_, number++);
         return counts;
     }
     /// What the rows of the store say.
     Counts recount() const {
-        Counts counts(37);
-        const controls::Grid& store = program.Frm_Main.Grid[1];
-        for (std::int64_t row = 1; row <= store.RowCount(); ++row)
-            ++counts[static_cast<std::size_t>(
-                std::stoi(std::string(store.pattern(store.patternOf(row)).Cell(2))))];
+        Counts counts{};
+        const controls::Grid& store = program_.Frm_Main.Grid[1];
+        const std::vector<std::int64_t> rows = rowsByPattern(store);
+        for (controls::PatternId id = 0; id < rows.size(); ++id)
+            if (rows[id] > 0)
+                counts.at(std::stoul(std::string(store.pattern(id).Cell(2)))) += rows[id];
         return counts;
     }
 
-    forms::Program program;
-
 private:
+    forms::Program program_;
     NoEvents events_;
     OneFile dialogs_;
-    desktop::Files files_;
-    desktop::Clock clock_;
-    NoMedia media_;
-    NoRegistry registry_;
-    NoProcesses processes_;
-    platform::Platform platform_{events_, dialogs_, files_, clock_, media_, registry_, processes_};
+    desktop::RealPlatform real_{[] {}, [] { return nullptr; }};
+    platform::Platform platform_{events_, dialogs_, real_.platform().files, real_.platform().clock,
+        real_.platform().media, real_.platform().registry, real_.platform().processes};
 };
 
 } // namespace bench
