@@ -20,7 +20,6 @@ public:
     static constexpr std::int64_t ChunkSize = 65536;
 
     std::int64_t size() const { return size_; }
-    bool empty() const { return size_ == 0; }
 
     /// The value at `index`, 0 to size() - 1.
     T operator[](std::int64_t index) const { return chunks_[chunk(index)][place(index)]; }

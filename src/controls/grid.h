@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -93,10 +94,10 @@ public:
 
     void ScrollRow(std::int64_t row) { scroll_ = {row, scroll_.count + 1}; }
     const ScrollRequest& ScrollRow() const { return scroll_; }
-    void Refresh() { ++refreshes_; }
-    std::uint64_t refreshes() const { return refreshes_; }
+    /// The view looks at the grid once per event turn, so there is nothing left to do.
+    void Refresh() { }
 
-    // Ready-made rows. A pattern's number stays valid as long as generation() stays the same.
+    // Rows by their patterns. A pattern's number stays valid while generation() stays the same.
 
     /// The number of a pattern with this content. It may drop patterns that no row uses, so the
     /// number has to be used for a row before the next call.
@@ -104,14 +105,25 @@ public:
     const RowPattern& pattern(PatternId id) const { return patterns_[id]; }
     PatternId patternOf(std::int64_t row) const { return ids_[row - 1]; }
     std::uint64_t generation() const { return generation_; }
-    std::size_t patternCount() const { return patterns_.live(); }
     /// The numbers of all patterns lie below this.
     std::size_t patternNumbers() const { return patterns_.size(); }
     void addPattern(PatternId id) { ids_.push_back(id); }
     void setPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
+    /// How many rows can be appended without more memory; at least one. Throws std::bad_alloc.
+    std::size_t room() { return ids_.room(); }
+    /// Appends a row that looks like `patternOf[key]` for every key; there must be room() for them.
+    void appendRows(std::span<const std::uint8_t> keys, std::span<const PatternId> patternOf) {
+        ids_.append(keys, patternOf);
+    }
+    /// Changes the rows `first` to `last` as `changeOf` says of the patterns that `keys` has in the
+    /// same rows, as long as each row looks as it should before. Gives the first row that doesn't,
+    /// or last + 1; it may stop early.
+    std::int64_t changeRows(std::int64_t first, std::int64_t last, const Grid& keys,
+        std::span<const IdChange> changeOf) {
+        const bool covered = changeOf.size() >= keys.patternNumbers();
+        return covered ? ids_.change(first - 1, last - 1, keys.ids_, changeOf) + 1 : first;
+    }
     int bytesPerRow() const { return ids_.width(); }
-    RowIds& ids() { return ids_; }
-    const RowIds& ids() const { return ids_; }
 
 private:
     void dropUnused();
@@ -120,7 +132,6 @@ private:
     PatternTable patterns_;
     RowIds ids_;
     ScrollRequest scroll_;
-    std::uint64_t refreshes_ = 0;
     std::uint64_t generation_ = 1;
 };
 

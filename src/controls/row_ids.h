@@ -6,9 +6,18 @@
 
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <variant>
 
 namespace controls {
+
+/// What an id turns into where it stands.
+struct IdChange {
+    static constexpr std::uint32_t None = std::numeric_limits<std::uint32_t>::max();
+
+    std::uint32_t before = None;
+    std::uint32_t after = None;
+};
 
 /// A column of numbers, one byte each, or two or four after widen(). Only clear() makes it narrow
 /// again.
@@ -51,11 +60,20 @@ public:
     }
     void clear() { ids_ = Chunked<std::uint8_t>(); }
 
-    /// Calls `visitor` with the chunks as they are stored, whichever width that is.
-    template <class Visitor>
-    decltype(auto) visit(Visitor&& visitor) {
-        return std::visit(visitor, ids_);
+    /// How many numbers can be appended without more memory; at least one. Throws std::bad_alloc
+    /// and leaves everything as it was.
+    std::size_t room() {
+        return std::visit([](auto& ids) { return ids.spare().size(); }, ids_);
     }
+    /// Appends `idOf[key]` for every key, for which there must be room().
+    void append(std::span<const std::uint8_t> keys, std::span<const std::uint32_t> idOf);
+    /// Changes the numbers from `first` up to `last`, both included, as their keys' rows of
+    /// `changeOf` say, as long as each is the one before the change. Gives the first that isn't, or
+    /// last + 1; it may stop early. `changeOf` has a row for every key.
+    std::int64_t change(std::int64_t first, std::int64_t last, const RowIds& keys,
+        std::span<const IdChange> changeOf);
+
+    /// Calls `visitor` with the numbers as they are stored, whichever width that is.
     template <class Visitor>
     decltype(auto) visit(Visitor&& visitor) const {
         return std::visit(visitor, ids_);

@@ -2,7 +2,7 @@
 // A run that takes in many coups: what random series and file load have in common.
 #pragma once
 
-#include "coup/pipeline.h"
+#include "coup/coups.h"
 #include "files/messages.h"
 #include "forms/program.h"
 #include "platform/platform.h"

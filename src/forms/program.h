@@ -6,6 +6,7 @@
 #include "chances/chancentabelle.h"
 #include "controls/grid.h"
 #include "controls/models.h"
+#include "forms/ready_rows.h"
 
 #include <array>
 #include <cstdint>
@@ -20,18 +21,12 @@ inline constexpr int NoNumber = 37;
 /// How often each number has fallen. Everything else that is counted follows from this.
 struct Counters {
     std::array<std::int64_t, chances::NumberCount> Anz_Plein{};
-    /// Numbers whose count has changed since the tableau was painted last.
-    chances::NumberSet changed = 0;
 };
 
-/// The tableau as it was painted last: which number cells stand out, and the boxes that said so.
+/// The tableau as it was painted last.
 struct TableauPicture {
-    chances::NumberSet marked = 0; ///< marked number cells
+    chances::NumberSet marked = 0; ///< number cells that stand out by how often they fell
     int last = -1; ///< the pad cell of the last number, -1 for none
-    std::string exact; ///< text of the "genau" box
-    std::string atLeast; ///< text of the "mind." box
-    double exactValue = 0; ///< the two texts as numbers
-    double atLeastValue = 0;
 };
 
 /// The main window.
@@ -96,33 +91,14 @@ struct WaterCell {
 
 /// The cells of the rippling picture, columns and rows from 0 to the sizes' last index.
 struct WaterField {
-    int Columns = 0;
-    int Rows = 0;
-    std::vector<WaterCell> Cells; ///< column by column
+    int columns = 0;
+    int rows = 0;
+    std::vector<WaterCell> cells; ///< column by column
 
     WaterCell& operator()(int column, int row) {
-        return Cells[static_cast<std::size_t>(column) * static_cast<std::size_t>(Rows)
+        return cells[static_cast<std::size_t>(column) * static_cast<std::size_t>(rows)
             + static_cast<std::size_t>(row)];
     }
-};
-
-/// The ready-made row of one number.
-struct Transition {
-    bool known = false;
-    controls::PatternId before = 0; ///< the row without its marks; 0 where there are none to write
-    controls::PatternId after = 0; ///< the row
-};
-
-/// Ready-made rows, kept so that a coup needs no text work. They are what writing the cells one by
-/// one would give, and fall away when a grid drops patterns or the view changes its family or mode.
-struct ReadyRows {
-    std::array<Transition, chances::NumberCount> view; ///< bare view rows in their colours
-    std::array<Transition, chances::NumberCount> store; ///< store rows
-    std::array<Transition, chances::NumberCount> marks; ///< view rows with their marks
-    std::uint64_t viewGeneration = 0; ///< generations of the two grids
-    std::uint64_t storeGeneration = 0;
-    int family = -1;
-    int mode = -1;
 };
 
 struct Program {
@@ -136,5 +112,18 @@ struct Program {
     std::uint64_t random = 0; ///< state of the random generator
     std::string version; ///< of the program file: major.minor.revision
 };
+
+/// The number of a coup, read from its row of the store.
+inline int numberOf(const MainForm& form, std::int64_t row) {
+    return std::stoi(form.Grid[1].Row(row).Cell(2));
+}
+
+/// The ready-made rows, less what no longer fits the grids, the family or the mode.
+inline ReadyRows& readyRows(Program& program) {
+    const MainForm& form = program.Frm_Main;
+    program.readyRows.adopt(
+        form.Grid[0], form.Grid[1], form.xpCombo[0].ListIndex, form.Check[0].Value);
+    return program.readyRows;
+}
 
 } // namespace forms

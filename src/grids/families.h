@@ -4,7 +4,6 @@
 #pragma once
 
 #include "chances/chancentabelle.h"
-#include "chances/families.h"
 #include "controls/twips.h"
 
 #include <array>
@@ -120,24 +119,18 @@ inline constexpr std::array TvpCaptions{
 
 } // namespace detail
 
-/// The families in the selector's order.
+/// The families in the selector's order, which is their number there.
 inline constexpr std::array Families{
-    Family{chances::FamilyNames[0], "Cp / NR", false, 2010, 2075, detail::NrCaptions,
-        detail::NoirRouge},
-    Family{chances::FamilyNames[1], "Cp / PI", false, 2010, 2075, detail::PiCaptions,
-        detail::PairImpair},
-    Family{chances::FamilyNames[2], "Cp / PsM", false, 2010, 2075, detail::PsmCaptions,
-        detail::PasseManque},
-    Family{
-        chances::FamilyNames[3], "Cp / K", false, 2010, 2075, detail::KCaptions, detail::Kolonnen},
-    Family{
-        chances::FamilyNames[4], "Cp / D", false, 2010, 2075, detail::DCaptions, detail::Dutzende},
-    Family{chances::FamilyNames[5], "Cp / TVS", true, 4710, 4910, detail::TvsCaptions,
+    Family{"Noir/Rouge", "Cp / NR", false, 2010, 2075, detail::NrCaptions, detail::NoirRouge},
+    Family{"Pair/Impair", "Cp / PI", false, 2010, 2075, detail::PiCaptions, detail::PairImpair},
+    Family{"Passe/Manque", "Cp / PsM", false, 2010, 2075, detail::PsmCaptions, detail::PasseManque},
+    Family{"Kolonnen", "Cp / K", false, 2010, 2075, detail::KCaptions, detail::Kolonnen},
+    Family{"Dutzende", "Cp / D", false, 2010, 2075, detail::DCaptions, detail::Dutzende},
+    Family{"Transversalen Simple", "Cp / TVS", true, 4710, 4910, detail::TvsCaptions,
         detail::TransversalenSimple},
-    Family{chances::FamilyNames[6], "Cp / TVP", true, 5610, 5870, detail::TvpCaptions,
+    Family{"Transversalen Plein", "Cp / TVP", true, 5610, 5870, detail::TvpCaptions,
         detail::TransversalenPlein},
 };
-static_assert(Families.size() == chances::FamilyNames.size());
 
 /// The family of a selector entry, or nothing for a number that is none.
 constexpr const Family* family(int listIndex) {

@@ -29,16 +29,16 @@ int rounded(float pixels) {
 
 void createField(forms::Program& program, int width, int height) {
     forms::WaterField& field = program.Wasser_Feld;
-    field.Columns = cellsAlong(width) + 1;
-    field.Rows = cellsAlong(height) + 1;
-    field.Cells.assign(
-        static_cast<std::size_t>(field.Columns) * static_cast<std::size_t>(field.Rows), {});
+    field.columns = cellsAlong(width) + 1;
+    field.rows = cellsAlong(height) + 1;
+    field.cells.assign(
+        static_cast<std::size_t>(field.columns) * static_cast<std::size_t>(field.rows), {});
 }
 
 void Wasser_Animieren(forms::Program& program, platform::Clock& clock, Surface& surface) {
     forms::WaterField& field = program.Wasser_Feld;
-    const int columns = std::min(cellsAlong(surface.innerWidth()) + 1, field.Columns);
-    const int rows = std::min(cellsAlong(surface.innerHeight()) + 1, field.Rows);
+    const int columns = std::min(cellsAlong(surface.innerWidth()) + 1, field.columns);
+    const int rows = std::min(cellsAlong(surface.innerHeight()) + 1, field.rows);
     for (int i = 0; i < columns; ++i)
         for (int j = 0; j < rows; ++j) {
             forms::WaterCell& cell = field(i, j);

@@ -2,19 +2,17 @@
 // The event handlers of the forms: each hands its event to the procedure that does the work.
 #include "shell/handlers.h"
 
-#include "coup/pipeline.h"
-#include "coup/undo.h"
+#include "coup/coups.h"
 #include "files/messages.h"
 #include "files/permanence_file.h"
 #include "files/random_series.h"
 #include "grids/families.h"
-#include "grids/resort.h"
-#include "grids/selector.h"
+#include "grids/sorted_view.h"
 #include "info/sound.h"
 #include "info/system_info.h"
 #include "progress/long_run.h"
 #include "shell/programm_laden.h"
-#include "stats/marking.h"
+#include "stats/tableau.h"
 
 #include <new>
 #include <utility>

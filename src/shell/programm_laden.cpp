@@ -3,7 +3,8 @@
 #include "shell/programm_laden.h"
 
 #include "grids/families.h"
-#include "grids/selector.h"
+#include "grids/sorted_view.h"
+#include "stats/tableau.h"
 
 #include <array>
 #include <span>
@@ -52,7 +53,7 @@ constexpr std::array TableColumns{
 };
 
 /// Cells of a Chancentabelle row that carry its colour.
-constexpr int LastColoredCell = 9;
+constexpr int LastColoredCell = chances::TvpFirst;
 
 void setUpColumns(controls::Grid& grid, std::span<const ColumnPlan> columns) {
     grid.DisplayMode = 1;
@@ -68,13 +69,9 @@ void chanceRow(controls::Grid& table, int number) {
     for (int column = chances::NoirRouge; column <= chances::ColumnCount; ++column)
         if (const auto code = chances::code(number, column); !code.empty())
             table.Row(row).Cell(column, code);
-    const std::string colorCode = table.Row(row).Cell(chances::NoirRouge);
-    for (int column = 1; column <= LastColoredCell; ++column) {
-        if (colorCode == "Z")
-            table.Row(row).CellColor(column, controls::Green);
-        if (colorCode == "R")
-            table.Row(row).CellColor(column, controls::Red);
-    }
+    if (const auto color = M_Tableau::rowColor(number))
+        for (int column = chances::Plein; column <= LastColoredCell; ++column)
+            table.Row(row).CellColor(column, *color);
 }
 
 } // namespace

@@ -51,9 +51,6 @@ inline constexpr std::array ChanceGroups{
         forms::plan::Name::XPLabel_TVP, "TVP", "", 14, chances::TvpFirst, chances::TvpFourteen},
 };
 
-inline constexpr std::array<std::string_view, 15> NumberTexts{
-    "0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "13", "14"};
-
 namespace detail {
 
 consteval std::size_t count() {
@@ -69,7 +66,7 @@ consteval auto countedChances() {
     for (const ChanceGroup& group : ChanceGroups)
         for (int i = 1; i <= group.count; ++i) {
             const bool single = !group.code.empty();
-            const auto code = single ? group.code : NumberTexts[static_cast<std::size_t>(i)];
+            const auto code = single ? group.code : chances::code(i, chances::Plein);
             counted[next++] = {group.label, single ? 0 : i, group.name,
                 chances::numbersWith(code, group.firstColumn, group.lastColumn)};
         }

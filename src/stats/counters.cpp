@@ -20,7 +20,7 @@ const stats::CountedChance& countedChance(Name label, int index) {
         });
 }
 
-std::int64_t count(const Program& program, const stats::CountedChance& counted) {
+std::int64_t sumOf(const Program& program, const stats::CountedChance& counted) {
     std::int64_t sum = 0;
     for (int number = 0; number < chances::NumberCount; ++number)
         if (chances::contains(counted.numbers, number))
@@ -28,8 +28,8 @@ std::int64_t count(const Program& program, const stats::CountedChance& counted) 
     return sum;
 }
 
-std::int64_t count(const Program& program, Name label, int index = 0) {
-    return count(program, countedChance(label, index));
+std::int64_t sumOf(const Program& program, Name label, int index = 0) {
+    return sumOf(program, countedChance(label, index));
 }
 
 } // namespace
@@ -39,57 +39,63 @@ void Chancen_Coup(Program& program) {
 }
 
 void Chancen_Zaehlen(Program& program) {
-    const int z = program.Frm_Main.Plein;
-    ++program.counters.Anz_Plein[static_cast<std::size_t>(z)];
-    program.counters.changed |= chances::NumberSet{1} << z;
+    count(program, program.Frm_Main.Plein, 1);
 }
 
-void addCounts(Program& program, const std::array<std::int64_t, chances::NumberCount>& count) {
-    for (std::size_t z = 0; z < count.size(); ++z) {
-        program.counters.Anz_Plein[z] += count[z];
-        if (count[z] != 0)
-            program.counters.changed |= chances::NumberSet{1} << z;
-    }
+void count(Program& program, int number, std::int64_t coups) {
+    program.counters.Anz_Plein[static_cast<std::size_t>(number)] += coups;
+}
+
+void countAll(Program& program, std::span<const std::uint8_t> numbers) {
+    std::array<std::int64_t, chances::NumberCount> counts{};
+    for (const std::uint8_t number : numbers)
+        ++counts[number];
+    for (int number = 0; number < chances::NumberCount; ++number)
+        count(program, number, counts[static_cast<std::size_t>(number)]);
+}
+
+void clear(Program& program) {
+    program.counters = {};
 }
 
 std::int64_t Anz_Noir(const Program& program) {
-    return count(program, Name::XPLabel_N);
+    return sumOf(program, Name::XPLabel_N);
 }
 
 std::int64_t Anz_Rouge(const Program& program) {
-    return count(program, Name::XPLabel_R);
+    return sumOf(program, Name::XPLabel_R);
 }
 
 std::int64_t Anz_Pair(const Program& program) {
-    return count(program, Name::XPLabel_P);
+    return sumOf(program, Name::XPLabel_P);
 }
 
 std::int64_t Anz_Impair(const Program& program) {
-    return count(program, Name::XPLabel_I);
+    return sumOf(program, Name::XPLabel_I);
 }
 
 std::int64_t Anz_Passe(const Program& program) {
-    return count(program, Name::XPLabel_Ps);
+    return sumOf(program, Name::XPLabel_Ps);
 }
 
 std::int64_t Anz_Manque(const Program& program) {
-    return count(program, Name::XPLabel_M);
+    return sumOf(program, Name::XPLabel_M);
 }
 
 std::int64_t Anz_Kolonne(const Program& program, int kolonne) {
-    return count(program, Name::XPLabel_K, kolonne);
+    return sumOf(program, Name::XPLabel_K, kolonne);
 }
 
 std::int64_t Anz_Dutzend(const Program& program, int dutzend) {
-    return count(program, Name::XPLabel_D, dutzend);
+    return sumOf(program, Name::XPLabel_D, dutzend);
 }
 
 std::int64_t Anz_TVS(const Program& program, int transversale) {
-    return count(program, Name::XPLabel_TVS, transversale);
+    return sumOf(program, Name::XPLabel_TVS, transversale);
 }
 
 std::int64_t Anz_TVP(const Program& program, int transversale) {
-    return count(program, Name::XPLabel_TVP, transversale);
+    return sumOf(program, Name::XPLabel_TVP, transversale);
 }
 
 std::int64_t Anz_Plein(const Program& program, int number) {
@@ -110,7 +116,7 @@ std::string captionOf(const Program& program, Name name, int index) {
     const stats::CountedChance& counted = countedChance(name, index);
     const std::string number = counted.index == 0 ? "" : std::to_string(counted.index) + ".";
     return " " + number + std::string(counted.name) + "= "
-        + std::to_string(count(program, counted));
+        + std::to_string(sumOf(program, counted));
 }
 
 controls::Color badgeColor(const Program& program, int number) {

@@ -5,10 +5,9 @@
 #include "forms/plan.h"
 #include "forms/program.h"
 
-#include <array>
 #include <cstdint>
+#include <span>
 #include <string>
-#include <string_view>
 
 namespace M_Chancen {
 
@@ -20,8 +19,16 @@ void Chancen_Coup(Program& program);
 /// Raises every counter that the current number, Plein (0 to 36), belongs to.
 void Chancen_Zaehlen(Program& program);
 
-/// Raises the counts of many coups at once, by how often each number fell among them.
-void addCounts(Program& program, const std::array<std::int64_t, chances::NumberCount>& count);
+// Counts change here alone.
+
+/// Adds `coups` of a number, 0 to 36; negative when they are taken back.
+void count(Program& program, int number, std::int64_t coups);
+
+/// Counts many coups at once.
+void countAll(Program& program, std::span<const std::uint8_t> numbers);
+
+/// Sets all counts to 0.
+void clear(Program& program);
 
 std::int64_t Anz_Noir(const Program& program);
 std::int64_t Anz_Rouge(const Program& program);

@@ -1,36 +1,38 @@
 // SPDX-License-Identifier: MIT
-// The colours of the number pad and of the tableau.
+// The colours of the number pad and of the tableau, and the two boxes that mark numbers.
 #include "stats/tableau.h"
 
 #include "stats/counters.h"
 #include "stats/leading_number.h"
 
-#include <bit>
+#include <array>
+#include <string_view>
 
 namespace M_Tableau {
 
 namespace {
 
-using chances::NumberSet;
-
-/// The numbers of `asked` that the two boxes mark.
-NumberSet markedNumbers(const Program& program, NumberSet asked) {
-    const forms::TableauPicture& picture = program.Frm_Main.Tableau;
-    NumberSet marked = 0;
-    for (NumberSet left = asked; left != 0; left &= left - 1) {
-        const int number = std::countr_zero(left);
+/// The numbers that the two boxes mark.
+chances::NumberSet markedNumbers(const Program& program) {
+    const std::string& exact = program.Frm_Main.Text[1].Text;
+    const std::string& atLeast = program.Frm_Main.Text[2].Text;
+    chances::NumberSet marked = 0;
+    if (exact.empty() && atLeast.empty())
+        return marked;
+    const double exactCount = stats::leadingNumber(exact);
+    const double leastCount = stats::leadingNumber(atLeast);
+    for (int number = 0; number < chances::NumberCount; ++number) {
         const auto count = static_cast<double>(M_Chancen::Anz_Plein(program, number));
-        if ((!picture.exact.empty() && count == picture.exactValue)
-            || (!picture.atLeast.empty() && count >= picture.atLeastValue))
-            marked |= NumberSet{1} << number;
+        if ((!exact.empty() && count == exactCount) || (!atLeast.empty() && count >= leastCount))
+            marked |= chances::NumberSet{1} << number;
     }
     return marked;
 }
 
 controls::CellColors colors(int number, bool highlighted) {
-    const controls::Color ofClass = classColor(number);
-    const controls::Color text = highlighted ? controls::White : ofClass;
-    const controls::Color back = highlighted ? ofClass : controls::Cloth;
+    const controls::Color own = classColor(number);
+    const controls::Color text = highlighted ? controls::White : own;
+    const controls::Color back = highlighted ? own : controls::Cloth;
     return {text, back, text, back};
 }
 
@@ -38,26 +40,7 @@ controls::CellColors colors(int number, bool highlighted) {
 
 void Tableau_Aktualisieren(Program& program) {
     forms::MainForm& form = program.Frm_Main;
-    forms::TableauPicture& picture = form.Tableau;
-    const std::string& exact = form.Text[1].Text;
-    const std::string& atLeast = form.Text[2].Text;
-
-    // Under the same boxes only a number whose count has changed can gain or lose its mark. That
-    // keeps a long run with marks as quick as one without.
-    NumberSet asked = program.counters.changed;
-    if (exact != picture.exact || atLeast != picture.atLeast) {
-        asked = chances::AllNumbers;
-        picture.exact = exact;
-        picture.atLeast = atLeast;
-        picture.exactValue = stats::leadingNumber(exact);
-        picture.atLeastValue = stats::leadingNumber(atLeast);
-    }
-    if (exact.empty() && atLeast.empty())
-        picture.marked = 0;
-    else
-        picture.marked = (picture.marked & ~asked) | markedNumbers(program, asked);
-    program.counters.changed = 0;
-    picture.last = form.Coup > 0 ? form.Plein : -1;
+    form.Tableau = {markedNumbers(program), form.Coup > 0 ? form.Plein : -1};
 }
 
 controls::CellColors padColors(const Program& program, int number) {
@@ -65,10 +48,14 @@ controls::CellColors padColors(const Program& program, int number) {
 }
 
 controls::CellColors tableauColors(const Program& program, int number) {
-    return colors(number, chances::contains(program.Frm_Main.Tableau.marked, number));
+    return colors(number, marked(program, number));
 }
 
-controls::Color classColor(int number) {
+bool marked(const Program& program, int number) {
+    return chances::contains(program.Frm_Main.Tableau.marked, number);
+}
+
+std::optional<controls::Color> rowColor(int number) {
     switch (chances::classOf(number)) {
     case chances::NumberClass::Zero:
         return controls::Green;
@@ -77,7 +64,48 @@ controls::Color classColor(int number) {
     case chances::NumberClass::Noir:
         break;
     }
-    return controls::Black;
+    return std::nullopt;
+}
+
+controls::Color classColor(int number) {
+    return rowColor(number).value_or(controls::Black);
 }
 
 } // namespace M_Tableau
+
+namespace stats {
+
+namespace {
+
+constexpr std::array<std::string_view, 3> Title{
+    "", "Pleins genau markieren!", "Pleins mind. markieren!"};
+constexpr std::string_view Question = "Bitte geben Sie einen Wert von 0-1000 ein!";
+constexpr std::string_view InvalidValue = "Ungültiger Wert! Bitte versuchen Sie es nochmal!";
+constexpr int HighestMark = 1000;
+
+} // namespace
+
+void askForMark(forms::Program& program, platform::Platform& platform, int box) {
+    const std::string answer
+        = platform.dialogs.prompt(Title[static_cast<std::size_t>(box)], Question);
+    const auto value = stats::wholeNumber16(stats::leadingNumber(answer));
+    if (!value || *value < 0 || *value > HighestMark) {
+        platform.dialogs.message("Fehler", InvalidValue, platform::Icon::Critical);
+        clearMark(program, box);
+        return;
+    }
+    controls::TextBox& text = program.Frm_Main.Text[static_cast<std::size_t>(box)];
+    text.BackColor = controls::Blue;
+    text.ForeColor = controls::White;
+    text.Text = std::to_string(*value);
+    M_Tableau::Tableau_Aktualisieren(program);
+}
+
+void clearMark(forms::Program& program, int box) {
+    controls::TextBox& text = program.Frm_Main.Text[static_cast<std::size_t>(box)];
+    text.BackColor = controls::White;
+    text.Text.clear();
+    M_Tableau::Tableau_Aktualisieren(program);
+}
+
+} // namespace stats

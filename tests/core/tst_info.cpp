@@ -145,7 +145,7 @@ TEST(Info, TheWaterFollowsItsFormula) {
     Stage stage;
     Surface surface;
     Unterwassereffekt::createField(stage.program, surface.width, surface.height);
-    ASSERT_EQ(stage.program.Wasser_Feld.Cells.size(), 38U * 38U);
+    ASSERT_EQ(stage.program.Wasser_Feld.cells.size(), 38U * 38U);
     std::vector<double> shiftX(1444);
     std::vector<double> shiftY(1444);
     int reads = 0;
@@ -180,7 +180,7 @@ TEST(Info, TheWaterFollowsItsFormula) {
     for (const auto& [pixels, cells] :
         std::vector<std::pair<int, int>>{{146, 37}, {150, 39}, {145, 37}, {151, 39}, {148, 38}}) {
         Unterwassereffekt::createField(stage.program, pixels, pixels);
-        EXPECT_EQ(stage.program.Wasser_Feld.Columns, cells) << pixels;
+        EXPECT_EQ(stage.program.Wasser_Feld.columns, cells) << pixels;
         EXPECT_EQ(stage.program.Wasser_Feld(cells - 1, cells - 1).VersatzX, 0);
     }
 }

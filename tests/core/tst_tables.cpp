@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The program's tables against what is known of a roulette table.
-#include "chances/families.h"
 #include "grids/families.h"
 #include "stats/counters.h"
 #include "support/reference.h"

@@ -7,7 +7,7 @@
 //   files_trial kill FILE TRIALS SEED    kills a saving child at random moments
 //
 // Every message that a user would see is printed; the exit code is 3 if there was one.
-#include "coup/pipeline.h"
+#include "coup/coups.h"
 #include "desktop/linux/files.h"
 #include "support/stage.h"
 

@@ -42,15 +42,13 @@ RowPattern pattern(const char* mark, bool red) {
 /// Adds rows in whole stretches; pushing 100 million one by one would take its time.
 void addRows(Grid& grid, std::int64_t count) {
     const controls::PatternId id = grid.intern(pattern("17", false));
-    grid.ids().visit([&](auto& ids) {
-        for (std::int64_t left = count; left > 0;) {
-            const auto spare = ids.spare();
-            const auto part = std::min<std::int64_t>(left, static_cast<std::int64_t>(spare.size()));
-            std::fill_n(spare.begin(), part, static_cast<std::uint8_t>(id));
-            ids.grow(part);
-            left -= part;
-        }
-    });
+    const std::vector<std::uint8_t> keys(1 << 16);
+    for (std::int64_t left = count; left > 0;) {
+        const std::size_t part
+            = std::min({grid.room(), keys.size(), static_cast<std::size_t>(left)});
+        grid.appendRows(std::span(keys).first(part), {&id, 1});
+        left -= static_cast<std::int64_t>(part);
+    }
 }
 
 class GridViewTest : public testing::Test {

@@ -119,9 +119,9 @@ QString describe(const forms::Program& program, int number) {
     QStringList parts = chancesInWords(number);
     parts << QString::number(M_Chancen::Anz_Plein(program, number))
             + QStringLiteral(" mal gefallen");
-    if (M_Tableau::tableauColors(program, number).BackColor != controls::Cloth)
+    if (M_Tableau::marked(program, number))
         parts << QStringLiteral("markiert");
-    if (M_Tableau::padColors(program, number).BackColor != controls::Cloth)
+    if (program.Frm_Main.Tableau.last == number)
         parts << QStringLiteral("letzte Zahl");
     return parts.join(QStringLiteral(", "));
 }

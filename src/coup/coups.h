@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A coup's way into the permanence: its rows in the grids and the fixed order of steps.
+// A coup's way into the permanence, in the fixed order of its steps, and the ways back.
 #pragma once
 
 #include "forms/program.h"
@@ -27,3 +27,15 @@ void Eingabe_Coup(Program& program);
 void Permanenz_Zeile(Program& program);
 
 } // namespace M_Permanenz
+
+namespace M_Eingabe {
+
+using forms::Program;
+
+/// Clears counters, rows and Coup. Plein, the marking boxes, family and mode stay.
+void Chancen_Reset(Program& program);
+
+/// Takes back the last coup; without one it only repaints the tableau.
+void Rueckgaengig(Program& program);
+
+} // namespace M_Eingabe
