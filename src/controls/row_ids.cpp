@@ -21,9 +21,10 @@ template <class Id, class Key>
 std::size_t changeWhileKnown(
     std::span<Id> ids, std::span<const Key> keys, std::span<const IdChange> changeOf) {
     // Nearly all rows of a re-sort go this way; by fours they take a tenth less time.
+    const std::size_t count = ids.size();
     std::size_t i = 0;
 #pragma GCC unroll 4
-    for (; i < ids.size(); ++i) {
+    for (; i < count; ++i) {
         const IdChange& change = changeOf[keys[i]];
         if (change.before != ids[i])
             break;

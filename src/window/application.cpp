@@ -3,13 +3,9 @@
 #include "window/application.h"
 
 #include "shell/handlers.h"
-#include "window/controls/button_accessible.h"
-#include "window/grid/grid_accessible.h"
-#include "window/tableau/pad_accessible.h"
-#include "window/tableau/tableau_accessible.h"
+#include "window/accessible.h"
 
 #include <QAbstractEventDispatcher>
-#include <QAccessible>
 #include <QScopedValueRollback>
 
 #include <new>
@@ -47,10 +43,7 @@ Application::Application(std::string_view version)
     : platform_([this] { refreshIfDue(); }, [this] { return questionOwner(); }),
       session_{program_, platform_.platform()} {
     program_.version = version;
-    QAccessible::installFactory(buttonAccessible);
-    QAccessible::installFactory(padAccessible);
-    QAccessible::installFactory(tableauAccessible);
-    QAccessible::installFactory(gridAccessible);
+    installAccessible();
     QApplication::setQuitOnLastWindowClosed(false);
     nextFrame_.setSingleShot(true);
     nextFrame_.setTimerType(Qt::PreciseTimer);

@@ -23,6 +23,8 @@ public:
     FamilyBox(const Session& session, const forms::plan::Control& control, QWidget* parent);
 
     void refresh() override;
+    /// Hands the choice of an entry to the program.
+    void choose(int entry);
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
@@ -30,7 +32,6 @@ protected:
 
 private:
     const controls::Combo& model() const;
-    void choose(int entry);
 
     Session session_;
     std::size_t index_;

@@ -34,6 +34,7 @@ protected:
     }
     QAccessible::State ownerState() const {
         QAccessible::State state;
+        state.disabled = !owner_.isEnabled();
         state.invisible = !owner_.isVisible();
         return state;
     }

@@ -39,11 +39,18 @@ public:
                                                     : nullptr;
     }
 
-    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    QStringList actionNames() const override {
+        if (!pad_.takesInput())
+            return {};
+        return {pressAction(), setFocusAction()};
+    }
     QStringList keyBindingsForAction(const QString& /*action*/) const override { return {}; }
     void doAction(const QString& name) override {
         if (name == pressAction()) {
-            pad_.enter(number_);
+            // Not before the asker has its answer: a coup that fails opens a message.
+            QMetaObject::invokeMethod(
+                &pad_, [&pad = pad_, number = number_] { pad.enter(number); },
+                Qt::QueuedConnection);
         } else if (name == setFocusAction()) {
             pad_.setCurrent(number_);
             pad_.setFocus(Qt::OtherFocusReason);
