@@ -98,7 +98,7 @@ def places(program):
     names = {("xpFrame", 2): "Zahlenfeld", ("Text", 0): "Autom.",
              ("Text", 1): "Pleins Markieren die genau … mal gefallen sind",
              ("Text", 2): "Pleins Markieren die mind. … mal gefallen sind",
-             ("xpCombo", 0): "Noir/Rouge", ("Grid", 0): "Sortierte Permanenz",
+             ("xpCombo", 0): "Sortierung", ("Grid", 0): "Sortierte Permanenz",
              ("Image1", 0): "Programmsymbol"}
     roles = {"xpFrame": "panel", "Text": "text", "xpButton": "push button", "xpCombo": "combo box",
              "Grid": "table", "Check": "check box", "Image1": "image", "Label": "label"}
@@ -218,7 +218,8 @@ def table(program, coups):
         shown = wait(lambda: [view.getColumnHeader(column).name for column in range(16)],
                      "the captions")
         check(shown[:len(wanted)] == wanted, f"the captions of family {family}: {shown}")
-        check(program.control("combo box").name == items[family].name, "the chosen family is read")
+        check((combo.name, program.text(combo)) == ("Sortierung", items[family].name),
+              "the chosen family is read")
         if family + 1 < len(CAPTIONS):
             wait(lambda: program.has(combo, "STATE_FOCUSED"), "the focus on the families")
             keys("Down")

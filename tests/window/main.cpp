@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Runs the window's tests within one application that looks like the program.
+// Runs the window's tests within one application that looks and speaks like the program.
 #include "look/style.h"
+#include "window/accessible.h"
 #include "window/application.h"
 
 #include <gtest/gtest.h>
@@ -12,5 +13,6 @@ int main(int argc, char* argv[]) {
         return RUN_ALL_TESTS();
     window::Toolkit application(argc, argv);
     look::applyStyle(application);
+    window::installAccessible();
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The sorted view on screen: its columns, its scrolling, its pixels, and what a screen reader gets.
-#include "window/grid/grid_accessible.h"
 #include "window/grid/grid_view.h"
 
 #include <QAccessible>
@@ -53,12 +52,7 @@ void addRows(Grid& grid, std::int64_t count) {
 
 class GridViewTest : public testing::Test {
 protected:
-    GridViewTest() {
-        QAccessible::installFactory(window::gridAccessible);
-        addColumns(grid);
-    }
-
-    ~GridViewTest() override { QAccessible::removeFactory(window::gridAccessible); }
+    GridViewTest() { addColumns(grid); }
 
     void press(Qt::Key key) {
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);

@@ -25,6 +25,7 @@
 #include <cstdlib>
 #include <map>
 #include <set>
+#include <vector>
 
 namespace {
 
@@ -38,6 +39,17 @@ int distance(const QImage& one, const QImage& other) {
         for (int x = 0; x < one.width(); ++x)
             most = std::max(most, std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))));
     return most;
+}
+
+/// Everything below a node that a screen reader meets; of a table's cells the first ones do.
+std::vector<QAccessibleInterface*> below(QAccessibleInterface& node) {
+    std::vector<QAccessibleInterface*> found;
+    for (int i = 0; i < std::min(node.childCount(), 200); ++i) {
+        found.push_back(node.child(i));
+        const auto more = below(*node.child(i));
+        found.insert(found.end(), more.begin(), more.end());
+    }
+    return found;
 }
 
 class MainWindowTest : public testing::Test {
@@ -55,6 +67,12 @@ protected:
     void focus(Name name, int index) { find(name, index)->setFocus(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(main.focusWidget() ? main.focusWidget() : &main, key, modifiers);
+        main.refresh();
+    }
+    void askFor(QAccessibleInterface& node) {
+        node.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        EXPECT_TRUE(stage.dialogs.asked.empty()) << "the asker has its answer first";
+        QApplication::processEvents();
         main.refresh();
     }
     QString focused() const { return main.focusWidget() ? main.focusWidget()->objectName() : ""; }
@@ -267,6 +285,60 @@ TEST_F(MainWindowTest, MarkingBoxesAskInsteadOfBeingTypedInto) {
     main.refresh();
     EXPECT_EQ(box.text().toStdString(), "");
     EXPECT_EQ(box.palette().color(QPalette::Base), QColor(255, 255, 255));
+}
+
+TEST_F(MainWindowTest, AScreenReaderIsOfferedWhatAUserCanDo) {
+    const std::set<QAccessible::Role> used{QAccessible::Button, QAccessible::CheckBox,
+        QAccessible::ComboBox, QAccessible::EditableText, QAccessible::ListItem,
+        QAccessible::MenuItem};
+    for (const bool open : {true, false}) {
+        stage.main.Enabled = open;
+        main.refresh();
+        std::set<QAccessible::Role> met;
+        for (auto* node : below(*QAccessible::queryAccessibleInterface(&main))) {
+            const QString name = node->text(QAccessible::Name);
+            const QAccessible::State state = node->state();
+            QStringList actions
+                = node->actionInterface() ? node->actionInterface()->actionNames() : QStringList();
+            EXPECT_FALSE(state.editable && state.readOnly) << name.toStdString();
+            EXPECT_EQ(node->editableTextInterface() != nullptr, bool(state.editable));
+            EXPECT_FALSE(state.focusable && name.trimmed().isEmpty()) << node->role();
+            EXPECT_FALSE(state.focusable && !state.disabled && actions.isEmpty()) << node->role();
+            actions.removeAll(QAccessibleActionInterface::setFocusAction());
+            if (used.count(node->role()) != 0) {
+                met.insert(node->role());
+                EXPECT_EQ(bool(state.disabled), !open) << name.toStdString();
+                // The toolkit always offers an entry and presses an enabled one only.
+                const bool offered = open || node->role() == QAccessible::MenuItem;
+                EXPECT_EQ(!actions.isEmpty(), offered) << name.toStdString();
+            }
+        }
+        EXPECT_EQ(met, used);
+    }
+}
+
+TEST_F(MainWindowTest, AScreenReadersPressDoesItsWork) {
+    auto& box = *QAccessible::queryAccessibleInterface(find(Name::Text, 2));
+    stage.dialogs.answer = "3";
+    askFor(box);
+    EXPECT_EQ(stage.dialogs.asked.size(), 1U);
+    stage.dialogs.asked.clear();
+    EXPECT_EQ(box.textInterface()->text(0, 9).toStdString(), "3");
+    count.setText(QStringLiteral("2"));
+    askFor(*QAccessible::queryAccessibleInterface(&count));
+    EXPECT_EQ(stage.main.Coup, 2);
+    auto& families = *QAccessible::queryAccessibleInterface(find(Name::xpCombo, 0));
+    auto& entry = *families.child(0)->child(3);
+    for (const bool open : {false, true}) {
+        stage.main.Enabled = open;
+        askFor(entry);
+        askFor(box);
+        EXPECT_EQ(stage.main.xpCombo[0].ListIndex, open ? 3 : 0);
+        EXPECT_EQ(stage.dialogs.asked.size(), open ? 1U : 0U);
+    }
+    EXPECT_EQ(families.text(QAccessible::Name).toStdString(), "Sortierung");
+    EXPECT_EQ(families.textInterface()->text(0, 99).toStdString(), "Kolonnen");
+    EXPECT_TRUE(entry.state().selected);
 }
 
 TEST_F(MainWindowTest, TheWheelNeverChoosesAFamily) {

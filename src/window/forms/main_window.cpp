@@ -311,6 +311,9 @@ void MainWindow::refreshLock() {
         focusBefore_ = focusWidget();
     area_->setEnabled(form.Enabled);
     menuBar()->setEnabled(form.Enabled);
+    // A screen reader asks the entries, not the bar.
+    for (QAction* entry : menuBar()->findChildren<QAction*>())
+        entry->setEnabled(form.Enabled);
     if (form.Enabled && focusBefore_)
         focusBefore_->setFocus();
 }
