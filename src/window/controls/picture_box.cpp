@@ -5,6 +5,7 @@
 #include "forms/plan.h"
 #include "look/control_names.h"
 #include "look/style.h"
+#include "window/device_edges.h"
 
 #include <QPainter>
 
@@ -21,15 +22,15 @@ PictureBox::PictureBox(look::Picture picture, const forms::plan::Control& contro
 }
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
-    const qreal factor = devicePixelRatioF();
-    const QSize wanted = (QSizeF(size()) * factor).toSize();
-    if (stretched_.size() != wanted) {
+    QPainter painter(this);
+    const DeviceEdges edges(painter);
+    const QSize wanted(edges.x(width()), edges.y(height()));
+    if (stretched_.size() != wanted)
         stretched_ = QPixmap::fromImage(
-            look::loadPicture(picture_, factor)
+            look::loadPicture(picture_, edges.scale())
                 .scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        stretched_.setDevicePixelRatio(factor);
-    }
-    QPainter(this).drawPixmap(0, 0, stretched_);
+    edges.adoptBy(painter);
+    painter.drawPixmap(0, 0, stretched_);
 }
 
 } // namespace window

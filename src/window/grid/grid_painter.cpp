@@ -47,8 +47,7 @@ GridPainter::GridPainter(const QFont& font) : font_(font) {
 
 void GridPainter::paint(QPainter& painter, const QRect& area, const QRect& clip,
     const controls::Grid& grid, const GridLayout& layout, std::int64_t top) {
-    const QTransform toDevice = painter.deviceTransform();
-    adopt(grid, layout, toDevice.m11());
+    adopt(grid, layout, DeviceEdges(painter));
 
     const std::int64_t left = std::max<std::int64_t>(0, grid.RowCount() - top);
     const int room = area.height() - GridLayout::HeaderHeight + GridLayout::RowHeight - 1;
@@ -57,11 +56,8 @@ void GridPainter::paint(QPainter& painter, const QRect& area, const QRect& clip,
     const int to = std::min(
         rows, std::max(0, clip.bottom() - GridLayout::HeaderHeight) / GridLayout::RowHeight + 1);
 
-    // Copies are made in whole device pixels, counted from the pixel that holds the corner.
     painter.save();
-    painter.translate((qRound(toDevice.dx()) - toDevice.dx()) / scale_,
-        (qRound(toDevice.dy()) - toDevice.dy()) / scale_);
-    painter.scale(1 / scale_, 1 / scale_);
+    edges_.adoptBy(painter); // copies are made in whole device pixels
     if (clip.top() < GridLayout::HeaderHeight)
         painter.drawImage(0, 0, header_);
     drawRows(painter, grid, top, from, to);
@@ -77,8 +73,8 @@ void GridPainter::drawRows(
         const std::int64_t row = top + i + 1;
         const controls::PatternId id = grid.patternOf(row);
         const controls::RowPattern& pattern = grid.pattern(id);
-        const int y = device(GridLayout::HeaderHeight + i * GridLayout::RowHeight);
-        const int end = device(GridLayout::HeaderHeight + (i + 1) * GridLayout::RowHeight);
+        const int y = edges_.y(GridLayout::HeaderHeight + i * GridLayout::RowHeight);
+        const int end = edges_.y(GridLayout::HeaderHeight + (i + 1) * GridLayout::RowHeight);
         painter.drawImage(0, y, strip(pattern, id, end - y));
         if (!pattern.serial() || layout_.columns.empty())
             continue;
@@ -91,11 +87,12 @@ void GridPainter::drawRows(
     }
 }
 
-void GridPainter::adopt(const controls::Grid& grid, const GridLayout& layout, qreal scale) {
-    if (layout != layout_ || scale != scale_) {
+void GridPainter::adopt(
+    const controls::Grid& grid, const GridLayout& layout, const DeviceEdges& edges) {
+    if (layout != layout_ || edges != edges_) {
         layout_ = layout;
-        scale_ = scale;
-        pen_ = std::max(1, static_cast<int>(scale));
+        edges_ = edges;
+        pen_ = std::max(1, static_cast<int>(edges.scale()));
         strips_.clear();
         digits_.clear();
         looks_ = {};
@@ -120,10 +117,11 @@ const GridPainter::SerialLook& GridPainter::serialLook(qsizetype length) {
 }
 
 void GridPainter::drawGround(QPainter& painter, const QRect& area, int rowsEnd) const {
-    const int right = device(area.width());
-    const int bottom = device(area.height());
-    const int columnsEnd = device(layout_.width());
-    const int y = device(rowsEnd);
+    // Beyond the last edges, for the clip to cut: one on half a pixel may be rounded either way.
+    const int right = edges_.x(area.width()) + 1;
+    const int bottom = edges_.y(area.height()) + 1;
+    const int columnsEnd = edges_.x(layout_.width());
+    const int y = edges_.y(rowsEnd);
     if (y < bottom)
         painter.fillRect(0, y, right, bottom - y, QColor(Paper));
     if (columnsEnd < right)
@@ -138,9 +136,9 @@ void GridPainter::drawSerial(QPainter& painter, std::int64_t row, int y) {
     const int left = layout_.columns[0].left + TextMargin;
     const qsizetype thousands = std::max<qsizetype>(0, text.size() - GroupLength);
     if (thousands > 0)
-        painter.drawImage(device(left), y, digits(text.left(thousands), look));
+        painter.drawImage(edges_.x(left), y, digits(text.left(thousands), look));
     const qreal x = left + look.digitWidth * static_cast<qreal>(thousands);
-    painter.drawImage(qRound(x * scale_), y, digits(text.mid(thousands), look));
+    painter.drawImage(edges_.x(x), y, digits(text.mid(thousands), look));
 }
 
 void GridPainter::drawOddSerials(QPainter& painter, std::int64_t top) {
@@ -160,21 +158,21 @@ QImage GridPainter::digits(const QString& text, const SerialLook& look) {
     if (const auto found = digits_.constFind(key); found != digits_.cend())
         return *found;
     const auto width = [&](qsizetype length) {
-        return std::max(1, qCeil(look.digitWidth * static_cast<qreal>(length) * scale_));
+        return std::max(1, qCeil(look.digitWidth * static_cast<qreal>(length) * edges_.scale()));
     };
-    const int height = static_cast<int>(GridLayout::RowHeight * scale_) - pen_;
+    const int height = static_cast<int>(GridLayout::RowHeight * edges_.scale()) - pen_;
     QImage image(width(text.size()), std::max(1, height), QImage::Format_RGB32);
     image.fill(SerialGround);
     if (text.size() > 1) {
         // Put together from shorter parts, down to single digits: drawing text takes far longer.
         const qsizetype before = text.size() - (text.size() > GroupLength ? GroupLength : 1);
-        const qreal x = look.digitWidth * static_cast<qreal>(before) * scale_;
+        const qreal x = look.digitWidth * static_cast<qreal>(before) * edges_.scale();
         const std::array parts{digits(text.left(before), look), digits(text.mid(before), look)};
         QPainter painter(&image);
         painter.drawImage(0, 0, parts[0]);
         painter.drawImage(qRound(x), 0, parts[1]);
     } else {
-        image.setDevicePixelRatio(scale_);
+        image.setDevicePixelRatio(edges_.scale());
         QPainter painter(&image);
         painter.setPen(QColor(Ink));
         painter.setFont(look.font);
@@ -199,13 +197,13 @@ const QImage& GridPainter::strip(
 }
 
 QImage GridPainter::drawStrip(const controls::RowPattern& pattern, int height) const {
-    QImage image(std::max(1, device(layout_.width())), height, QImage::Format_RGB32);
+    QImage image(std::max(1, edges_.x(layout_.width())), height, QImage::Format_RGB32);
     image.fill(Paper);
     QPainter painter(&image);
     const int line = layout_.lines ? 1 : 0;
     for (int j = 1; const auto& column : layout_.columns) {
-        const int left = device(column.left);
-        const int right = device(column.right);
+        const int left = edges_.x(column.left);
+        const int right = edges_.x(column.right);
         const auto color = pattern.CellColor(j) ? pattern.CellColor(j) : pattern.RowColor();
         const QRgb bare = j == 1 ? SerialGround : Paper;
         painter.fillRect(
@@ -218,7 +216,7 @@ QImage GridPainter::drawStrip(const controls::RowPattern& pattern, int height) c
     }
     painter.end();
 
-    image.setDevicePixelRatio(scale_);
+    image.setDevicePixelRatio(edges_.scale());
     painter.begin(&image);
     painter.setPen(QColor(Ink));
     for (int j = 1; const auto& column : layout_.columns) {
@@ -233,19 +231,19 @@ QImage GridPainter::drawStrip(const controls::RowPattern& pattern, int height) c
 }
 
 QImage GridPainter::drawHeader() const {
-    const int height = device(GridLayout::HeaderHeight);
-    QImage image(std::max(1, device(layout_.width())), height, QImage::Format_RGB32);
+    const int height = edges_.y(GridLayout::HeaderHeight);
+    QImage image(std::max(1, edges_.x(layout_.width())), height, QImage::Format_RGB32);
     QPainter painter(&image);
     QLinearGradient ground(0, 0, 0, height);
     ground.setColorAt(0, QColor(HeaderTop));
     ground.setColorAt(1, QColor(HeaderBottom));
     painter.fillRect(image.rect(), ground);
     for (const auto& column : layout_.columns)
-        painter.fillRect(device(column.right) - pen_, 0, pen_, height, QColor(SerialEdge));
+        painter.fillRect(edges_.x(column.right) - pen_, 0, pen_, height, QColor(SerialEdge));
     painter.fillRect(0, height - pen_, image.width(), pen_, QColor(HeaderEdge));
     painter.end();
 
-    image.setDevicePixelRatio(scale_);
+    image.setDevicePixelRatio(edges_.scale());
     painter.begin(&image);
     painter.setPen(QColor(Ink));
     for (const auto& column : layout_.columns)

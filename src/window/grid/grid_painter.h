@@ -2,6 +2,7 @@
 // Draws a grid's header and visible rows from cached strips.
 #pragma once
 
+#include "window/device_edges.h"
 #include "window/grid/grid_layout.h"
 
 #include <QFont>
@@ -42,7 +43,7 @@ private:
         qreal digitWidth = 0; ///< 0 while unknown
     };
 
-    void adopt(const controls::Grid& grid, const GridLayout& layout, qreal scale);
+    void adopt(const controls::Grid& grid, const GridLayout& layout, const DeviceEdges& edges);
     void drawRows(
         QPainter& painter, const controls::Grid& grid, std::int64_t top, int from, int to);
     void drawGround(QPainter& painter, const QRect& area, int rowsEnd) const;
@@ -56,11 +57,10 @@ private:
     const QImage& strip(const controls::RowPattern& pattern, controls::PatternId id, int height);
     QImage drawStrip(const controls::RowPattern& pattern, int height) const;
     QImage drawHeader() const;
-    int device(int logical) const { return qRound(logical * scale_); }
 
     QFont font_;
     GridLayout layout_;
-    qreal scale_ = 0;
+    DeviceEdges edges_;
     std::uint64_t generation_ = 0;
     QHash<quint64, QImage> strips_; // by pattern and height in device pixels
     QImage header_;
