@@ -3,7 +3,7 @@
 #include "desk.h"
 
 #include "harness.h"
-#include "look/control_names.h"
+#include "look/text.h"
 
 #include <QEventLoop>
 #include <QFileDialog>

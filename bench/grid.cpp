@@ -2,6 +2,7 @@
 // The sorted view on screen: against the toolkit's own table view, and long against short.
 #include "data.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "parts.h"
 #include "stage.h"
 #include "window/grid/grid_view.h"
@@ -27,7 +28,8 @@ struct GridStage {
     explicit GridStage(std::int64_t coups) {
         stage.family(6);
         stage.load(dataOf(coups).file);
-        view = std::make_unique<window::GridView>(stage.view(), &panel);
+        view = std::make_unique<window::GridView>(stage.view(),
+            forms::plan::rowOf(forms::plan::Sortierung, forms::plan::Name::Grid), &panel);
         panel.resize(500, 700);
         panel.show();
         view->scrollTo(stage.rows() / 2);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Starts the program.
-#include "look/style.h"
 #include "window/application.h"
 
 int main(int /*argc*/, char* argv[]) {
@@ -9,6 +8,5 @@ int main(int /*argc*/, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("kestrelwood"));
     QApplication::setApplicationVersion(QStringLiteral(KESTRELWOOD_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral(KESTRELWOOD_ID));
-    look::applyStyle(application);
     return window::Application(KESTRELWOOD_VERSION).run();
 }

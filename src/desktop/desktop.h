@@ -3,18 +3,29 @@
 #pragma once
 
 #include "desktop/dialogs.h"
-#include "desktop/events.h"
-#include "desktop/linux/clock.h"
-#include "desktop/linux/files.h"
-#include "desktop/linux/processes.h"
-#include "desktop/linux/registry.h"
 #include "desktop/linux/sound_device.h"
+#include "desktop/linux/system.h"
 
 #include <functional>
 
 class QWidget;
 
 namespace desktop {
+
+/// Turns of the toolkit's event queue from inside a handler that is at work.
+class Events final : public platform::Events {
+public:
+    /// `refresh` lets all views look at their models; it runs before each turn.
+    explicit Events(std::function<void()> refresh);
+
+    /// Stops early when events keep coming, so that they can't starve the run that gives the turn.
+    void turn() override;
+    /// Input that comes meanwhile is kept and served by the next full turn.
+    void paint() override;
+
+private:
+    std::function<void()> refresh_;
+};
 
 class RealPlatform {
 public:

@@ -3,6 +3,7 @@
 #include "desktop/dialogs.h"
 
 #include "look/style.h"
+#include "look/text.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The permanence as a text file.
-#include "files/permanence_file.h"
+#include "files/load_save_draw.h"
 
 #include "files/coup_run.h"
 #include "files/line_reader.h"

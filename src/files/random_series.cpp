@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A random series.
-#include "files/random_series.h"
+#include "files/load_save_draw.h"
 
 #include "files/coup_run.h"
 #include "files/random.h"

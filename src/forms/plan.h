@@ -7,6 +7,7 @@
 #include "controls/twips.h"
 
 #include <array>
+#include <stdexcept>
 #include <string_view>
 
 namespace forms::plan {
@@ -67,8 +68,20 @@ struct Control {
     std::string_view caption{};
     Font font{};
     Color foreColor = controls::Black;
-    std::string_view toolTip{};
+    std::string_view toolTip{}; ///< also what a screen reader tells of the control's job
+    std::string_view
+        spoken{}; ///< its name for a screen reader, where it shows none or not all of it
 };
+
+/// The row of a control in a form's table. A table without it is no program: no build, or an
+/// exception where the name is only known at run time.
+template <class Rows>
+constexpr const Control& rowOf(const Rows& rows, Name name, int index = 0) {
+    for (const Control& row : rows)
+        if (row.name == name && row.index == index)
+            return row;
+    throw std::out_of_range("no such control");
+}
 
 /// A label filled with two colours that run into each other.
 struct GradientLabel {
@@ -130,39 +143,54 @@ inline constexpr std::array Panels{
     Control{Name::xpFrame, 3, {7800, 0, 7275, 10335}, "Tableau", PanelFont, PanelCaptionColor},
 };
 
-/// The panel "Eingabe". The picture comes first because the empty label lies over it.
+// Within a panel the rows stand in tab order, and what lies in front of another follows it.
+
+/// The panel "Eingabe".
 inline constexpr std::array Eingabe{
     Control{Name::Image1, 0, {120, 8640, 1500, 1620}},
     Control{Name::Label1, 0, {240, 9600, 1455, 615}, "", {}, controls::HighlightText},
     Control{Name::Label, 5, {240, 480, 1215, 255}, "Manuel", HeadingFont},
     Control{Name::xpFrame, 2, {240, 720, 1155, 4215}, "xpFrame2", {}, 0, PadTip},
     Control{Name::Label, 6, {240, 5040, 1215, 255}, "Autom.", HeadingFont},
-    Control{Name::Text, 0, {240, 5280, 1155, 345}, "", {}, controls::WindowText, CountTip},
-    Control{Name::xpButton, 2, {240, 6120, 1215, 375}, "&Laden"},
-    Control{Name::xpButton, 0, {240, 6600, 1215, 375}, "&Rückgängig"},
-    Control{Name::xpButton, 1, {240, 7080, 1215, 375}, "&Reset"},
-    Control{Name::xpButton, 3, {240, 7560, 1215, 375}, "&Speichern"},
+    Control{
+        Name::Text, 0, {240, 5280, 1155, 345}, "", {}, controls::WindowText, CountTip, "Autom."},
+    Control{Name::xpButton, 2, {240, 6120, 1215, 375}, "&Laden", {}, controls::Black,
+        "Hängt die Coups einer Datei an die Permanenz an (Strg+O)."},
+    Control{Name::xpButton, 0, {240, 6600, 1215, 375}, "&Rückgängig", {}, controls::Black,
+        "Nimmt den letzten Coup zurück (Strg+Z)."},
+    Control{Name::xpButton, 1, {240, 7080, 1215, 375}, "&Reset", {}, controls::Black,
+        "Löscht die ganze Permanenz."},
+    Control{Name::xpButton, 3, {240, 7560, 1215, 375}, "&Speichern", {}, controls::Black,
+        "Schreibt die Permanenz in eine Datei (Strg+S)."},
 };
 
 /// The panel "Permanenz / Sortierung". The grid's width follows the selected family.
 inline constexpr std::array Sortierung{
-    Control{Name::xpCombo, 0, {120, 360, 2000, 315}},
-    Control{Name::Grid, 0, {120, 720, 1815, 9255}},
-    Control{Name::Check, 0, {120, 9960, 1815, 255}, "einfache Sortierung"},
-    Control{Name::Check, 1, {1920, 9960, 975, 255}, "Gitter an"},
+    Control{Name::xpCombo, 0, {120, 360, 2000, 315}, "", {}, controls::Black,
+        "Chancen, nach denen die Permanenz sortiert ist.", "Sortierung"},
+    Control{
+        Name::Grid, 0, {120, 720, 1815, 9255}, "", {}, controls::Black, "", "Sortierte Permanenz"},
+    Control{Name::Check, 0, {120, 9960, 1815, 255}, "einfache Sortierung", {}, controls::Black,
+        "Zeigt die Kürzel der Chancen statt der Zahlen."},
+    Control{Name::Check, 1, {1920, 9960, 975, 255}, "Gitter an", {}, controls::Black,
+        "Zeigt Linien zwischen den Zeilen und Spalten."},
 };
 
 /// The panel "Tableau", apart from shapes, lines, cells and the labels of the chances.
 inline constexpr std::array Tableau{
     Control{Name::Label, 4, {3240, 480, 1680, 195}},
     Control{Name::Label, 0, {1080, 9360, 1920, 195}, "Pleins Markieren die genau", UnderlinedFont},
-    Control{Name::Text, 1, {3120, 9360, 795, 345}, "", {}, controls::WindowText, CountTip},
+    Control{Name::Text, 1, {3120, 9360, 795, 345}, "", {}, controls::WindowText, CountTip,
+        "Pleins Markieren die genau … mal gefallen sind"},
     Control{Name::Label, 2, {3960, 9360, 1170, 195}, "mal gefallen sind", UnderlinedFont},
-    Control{Name::xpButton, 4, {5280, 9360, 735, 255}, "Reset"},
+    Control{Name::xpButton, 4, {5280, 9360, 735, 255}, "Reset", {}, controls::Black,
+        "Hebt die Markierung „genau“ auf."},
     Control{Name::Label, 1, {1080, 9720, 1845, 195}, "Pleins Markieren die mind.", UnderlinedFont},
-    Control{Name::Text, 2, {3120, 9720, 795, 345}, "", {}, controls::WindowText, CountTip},
+    Control{Name::Text, 2, {3120, 9720, 795, 345}, "", {}, controls::WindowText, CountTip,
+        "Pleins Markieren die mind. … mal gefallen sind"},
     Control{Name::Label, 3, {3960, 9720, 1170, 195}, "mal gefallen sind", UnderlinedFont},
-    Control{Name::xpButton, 5, {5280, 9720, 735, 255}, "Reset"},
+    Control{Name::xpButton, 5, {5280, 9720, 735, 255}, "Reset", {}, controls::Black,
+        "Hebt die Markierung „mind.“ auf."},
 };
 
 /// Shapes behind the tableau, front to back.
@@ -287,7 +315,7 @@ inline constexpr Rect ProgressClient{0, 0, 5085, 1065};
 inline constexpr std::string_view ProgressCaption = "Berechne . . .";
 inline constexpr std::array Progress{
     Control{Name::Lbl_Status, 0, {120, 240, 0, 0}},
-    Control{Name::xpProgress, 0, {120, 600, 3615, 375}},
+    Control{Name::xpProgress, 0, {120, 600, 3615, 375}, "", {}, controls::Black, "", "Fortschritt"},
     Control{Name::xpButton, 0, {3840, 600, 1215, 375}, "&Abbrechen"},
 };
 

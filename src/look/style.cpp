@@ -2,11 +2,11 @@
 // The fixed look: one style, one light palette, one list of fonts, one language.
 #include "look/style.h"
 
+#include "look/text.h"
+
 #include <QApplication>
-#include <QFontMetrics>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QPainter>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -17,10 +17,6 @@
 namespace look {
 
 namespace {
-
-constexpr int narrowest = 80; // percent
-constexpr int smallest = 8; // pixels
-constexpr QChar ellipsis(0x2026);
 
 /// What the system colours stand for, whatever the desktop looks like.
 struct SystemColor {
@@ -77,24 +73,6 @@ void speakGerman(QApplication& application) {
         QCoreApplication::installTranslator(translator);
 }
 
-int widthOf(const QFont& font, const QString& text) {
-    return QFontMetrics(font).horizontalAdvance(text);
-}
-
-/// Narrows `font` as far as it is allowed and needed; tells whether the text fits then.
-bool narrow(QFont& font, const QString& text, int width) {
-    const int whole = widthOf(font, text);
-    if (whole <= width)
-        return true;
-    // Rounded glyph widths make the proportion a first guess only.
-    for (int stretch = std::max(narrowest, 100 * width / whole); stretch >= narrowest; --stretch) {
-        font.setStretch(stretch);
-        if (widthOf(font, text) <= width)
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 void applyStyle(QApplication& application) {
@@ -126,40 +104,33 @@ QFont toFont(const forms::plan::Font& font) {
     return result;
 }
 
+void applyRow(const forms::plan::Control& row, QWidget& widget) {
+    widget.setObjectName(controlName(row.name, row.index));
+    widget.setGeometry(toPixels(row.place));
+    widget.setToolTip(toText(row.toolTip));
+    if (!row.spoken.empty())
+        widget.setAccessibleName(toText(row.spoken));
+}
+
 QRect toPixels(const controls::Rect& rect) {
     const QPoint topLeft(controls::toPixels(rect.left), controls::toPixels(rect.top));
     const QPoint bottomRight(controls::toPixels(rect.right()), controls::toPixels(rect.bottom()));
     return {topLeft, bottomRight - QPoint(1, 1)};
 }
 
-QString toText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+QImage loadPicture(Picture picture, qreal factor) {
+    const QString name
+        = picture == Picture::Icon ? QStringLiteral("icon") : QStringLiteral("banner");
+    const QString fine = factor > 1 ? QStringLiteral("@2x") : QString();
+    return QImage(QStringLiteral(":/pictures/%1%2.png").arg(name, fine));
 }
 
-Fit fitted(const QFont& font, const QString& text, int width) {
-    QFont attempt = font;
-    if (narrow(attempt, text, width))
-        return {attempt, text};
-    for (int size = font.pixelSize() - 1; size >= smallest; --size) {
-        attempt.setPixelSize(size);
-        if (widthOf(attempt, text) <= width)
-            return {attempt, text};
-    }
-    return {attempt, QFontMetrics(attempt).elidedText(text, Qt::ElideRight, width)};
-}
-
-Fit refitted(const Fit& last, const QFont& font, const QString& text, int width) {
-    const bool alike = text.size() == last.text.size() && !last.text.endsWith(ellipsis);
-    if (alike && widthOf(last.font, text) <= width)
-        return {last.font, text};
-    return fitted(font, text, width);
-}
-
-void drawFitted(
-    QPainter& painter, const QRect& rect, int alignment, const QFont& font, const QString& text) {
-    const Fit fit = fitted(font, text, rect.width());
-    painter.setFont(fit.font);
-    painter.drawText(rect, alignment | Qt::TextSingleLine, fit.text);
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        icon.addFile(
+            QStringLiteral(":/icons/hicolor/%1x%1/apps/de.kestrelwood.kestrelwood.png").arg(size));
+    return icon;
 }
 
 } // namespace look

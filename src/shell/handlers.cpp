@@ -3,9 +3,8 @@
 #include "shell/handlers.h"
 
 #include "coup/coups.h"
+#include "files/load_save_draw.h"
 #include "files/messages.h"
-#include "files/permanence_file.h"
-#include "files/random_series.h"
 #include "grids/families.h"
 #include "grids/sorted_view.h"
 #include "info/sound.h"

@@ -2,10 +2,18 @@
 // Keeps the windows in line with the state.
 #include "window/application.h"
 
+#include "look/style.h"
 #include "shell/handlers.h"
-#include "window/accessible.h"
+#include "window/controls/buttons.h"
+#include "window/controls/family_box.h"
+#include "window/controls/text_boxes.h"
+#include "window/forms/water_surface.h"
+#include "window/grid/grid_accessible.h"
+#include "window/tableau/pad_view.h"
+#include "window/tableau/tableau_view.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAccessibleWidget>
 #include <QScopedValueRollback>
 
 #include <new>
@@ -25,10 +33,20 @@ void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, 
         window = std::make_unique<Window>(session, owner...);
 }
 
+/// The toolkit tells a frame as a window's.
+QAccessibleInterface* pictureAccessible(const QString& /*className*/, QObject* object) {
+    auto* surface = qobject_cast<WaterSurface*>(object);
+    return surface ? new QAccessibleWidget(surface, QAccessible::Graphic) : nullptr;
+}
+
 } // namespace
 
 Toolkit::Toolkit(int& argc, char** argv) : QApplication(argc, argv) {
     installEventFilter(&heldKeys_);
+    look::applyStyle(*this);
+    for (const auto factory : {buttonAccessible, familyAccessible, textBoxAccessible, padAccessible,
+             tableauAccessible, gridAccessible, pictureAccessible})
+        QAccessible::installFactory(factory);
 }
 
 bool Toolkit::notify(QObject* receiver, QEvent* event) {
@@ -43,7 +61,6 @@ Application::Application(std::string_view version)
     : platform_([this] { refreshIfDue(); }, [this] { return questionOwner(); }),
       session_{program_, platform_.platform()} {
     program_.version = version;
-    installAccessible();
     QApplication::setQuitOnLastWindowClosed(false);
     nextFrame_.setSingleShot(true);
     nextFrame_.setTimerType(Qt::PreciseTimer);

@@ -8,7 +8,7 @@
 //
 // Every message that a user would see is printed; the exit code is 3 if there was one.
 #include "coup/coups.h"
-#include "desktop/linux/files.h"
+#include "desktop/linux/system.h"
 #include "support/stage.h"
 
 #include <atomic>

@@ -3,8 +3,8 @@
 // action that all of the program still agrees with itself and with a plain second program.
 //
 //   random_user ACTIONS SEED
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "stats/counters.h"
 #include "support/reference.h"
 #include "support/stage.h"

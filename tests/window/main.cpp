@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Runs the window's tests within one application that looks and speaks like the program.
-#include "look/style.h"
-#include "window/accessible.h"
 #include "window/application.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +10,5 @@ int main(int argc, char* argv[]) {
     if (testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     window::Toolkit application(argc, argv);
-    look::applyStyle(application);
-    window::installAccessible();
     return RUN_ALL_TESTS();
 }

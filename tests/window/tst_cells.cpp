@@ -2,6 +2,7 @@
 // Number pad and tableau as a user meets them: by mouse, by keyboard, through a screen reader.
 #include "desktop/desktop.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 #include "stats/tableau.h"
 #include "window/tableau/pad_view.h"
@@ -30,7 +31,8 @@ protected:
     CellsTest() {
         Frm_Main::Form_Load(program);
         panels.resize(800, 700);
-        pad = new PadView(session, &panels);
+        pad = new PadView(session,
+            forms::plan::rowOf(forms::plan::Eingabe, forms::plan::Name::xpFrame, 2), &panels);
         tableau = new TableauView(session, &panels);
         tableau->move(200, 0);
         panels.show();

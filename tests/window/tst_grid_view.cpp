@@ -18,6 +18,7 @@ namespace {
 
 using controls::Grid;
 using controls::RowPattern;
+namespace plan = forms::plan;
 using window::GridView;
 
 constexpr std::int64_t Million = 1'000'000;
@@ -60,7 +61,8 @@ protected:
     }
 
     GridView& show() {
-        view = std::make_unique<GridView>(grid, &panel);
+        view = std::make_unique<GridView>(
+            grid, plan::rowOf(plan::Sortierung, plan::Name::Grid), &panel);
         panel.resize(500, 700);
         panel.show();
         return *view;

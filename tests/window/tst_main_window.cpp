@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The main window as its user meets it: places, keys, wheel, and what it refuses during a run.
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "support/stage.h"
 #include "window/forms/main_window.h"
 

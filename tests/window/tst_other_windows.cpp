@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Splash, progress dialog and info dialog: what closes them, what doesn't, and the rippling
 // picture.
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "progress/long_run.h"
 #include "support/stage.h"
 #include "window/forms/info_window.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reading files without ever waiting for one, and replacing them so that no moment loses data.
-#include "desktop/linux/files.h"
+#include "desktop/linux/system.h"
 
 #include <QCursor>
 #include <QGuiApplication>

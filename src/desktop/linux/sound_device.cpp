@@ -2,7 +2,7 @@
 // Plays a MIDI melody on a thread of its own, in silence whatever goes wrong.
 #include "desktop/linux/sound_device.h"
 
-#include "desktop/linux/files.h"
+#include "desktop/linux/system.h"
 
 #include <QLibrary>
 

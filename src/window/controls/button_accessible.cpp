@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Interfaces of buttons and check boxes: the whole control is the button, and every press counts.
-#include "window/controls/button_accessible.h"
-
-#include "window/controls/check_view.h"
-#include "window/controls/command_button.h"
+#include "window/controls/buttons.h"
 
 #include <QAccessibleWidget>
 #include <QKeySequence>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Interfaces of the selector: the box, its list and the list's entries.
-#include "window/controls/family_accessible.h"
-
 #include "window/controls/family_box.h"
+
 #include "window/controls/painted_item.h"
 #include "window/controls/shown_text.h"
 

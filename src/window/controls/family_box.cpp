@@ -3,8 +3,8 @@
 #include "window/controls/family_box.h"
 
 #include "forms/plan.h"
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 
 #include <QAbstractItemView>
@@ -17,8 +17,7 @@ namespace window {
 
 FamilyBox::FamilyBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : QComboBox(parent), session_(session), index_(static_cast<std::size_t>(control.index)) {
-    setObjectName(look::controlName(control.name, control.index));
-    setGeometry(look::toPixels(control.place));
+    look::applyRow(control, *this);
     view()->setAccessibleName(QStringLiteral("Sortierung"));
     connect(this, &QComboBox::activated, this, &FamilyBox::choose);
 }

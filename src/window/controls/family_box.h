@@ -10,6 +10,8 @@ namespace forms::plan {
 struct Control;
 }
 
+class QAccessibleInterface;
+
 namespace window {
 
 /// Shows the selector xpCombo(0). A user's choice goes to the program; what is shown afterwards is
@@ -36,5 +38,9 @@ private:
     Session session_;
     std::size_t index_;
 };
+
+/// What a screen reader meets of a FamilyBox or its list, null for any other object. A factory for
+/// QAccessible.
+QAccessibleInterface* familyAccessible(const QString& className, QObject* object);
 
 } // namespace window

@@ -2,8 +2,8 @@
 // Sizes and draws a plain label.
 #include "window/controls/fitted_label.h"
 
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 
 #include <QFontMetrics>
 #include <QPainter>

@@ -2,8 +2,8 @@
 // Draws a panel's border and caption.
 #include "window/controls/frame_panel.h"
 
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -36,8 +36,7 @@ QRectF crispBorder(const QPainter& painter, const QRectF& rect, qreal lineWidth)
 FramePanel::FramePanel(const forms::plan::Control& control, QWidget* parent)
     : QGroupBox(look::toText(control.caption), parent), captionFont_(look::toFont(control.font)),
       captionColor_(look::toColor(control.foreColor)) {
-    setObjectName(look::controlName(control.name, control.index));
-    setGeometry(look::toPixels(control.place));
+    look::applyRow(control, *this);
 }
 
 void FramePanel::paintEvent(QPaintEvent* /*event*/) {

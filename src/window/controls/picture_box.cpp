@@ -3,9 +3,9 @@
 #include "window/controls/picture_box.h"
 
 #include "forms/plan.h"
-#include "look/control_names.h"
+#include "look/device_edges.h"
 #include "look/style.h"
-#include "window/device_edges.h"
+#include "look/text.h"
 
 #include <QPainter>
 
@@ -14,8 +14,7 @@ namespace window {
 PictureBox::PictureBox(look::Picture picture, const forms::plan::Control& control,
     const QString& name, QWidget* parent)
     : QLabel(parent), picture_(picture) {
-    setObjectName(look::controlName(control.name, control.index));
-    setGeometry(look::toPixels(control.place));
+    look::applyRow(control, *this);
     // Only a label that has a picture is told to screen readers as one.
     setPixmap(QPixmap::fromImage(look::loadPicture(picture, 1)));
     setAccessibleName(name);
@@ -23,7 +22,7 @@ PictureBox::PictureBox(look::Picture picture, const forms::plan::Control& contro
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const DeviceEdges edges(painter);
+    const look::DeviceEdges edges(painter);
     const QSize wanted(edges.x(width()), edges.y(height()));
     if (stretched_.size() != wanted)
         stretched_ = QPixmap::fromImage(

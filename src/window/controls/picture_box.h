@@ -2,7 +2,7 @@
 // A picture stretched to its place.
 #pragma once
 
-#include "look/pictures.h"
+#include "look/style.h"
 
 #include <QLabel>
 #include <QPixmap>

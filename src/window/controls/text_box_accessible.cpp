@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Interface of the text boxes: each can be pressed, and only one that takes typing can be edited.
-#include "window/controls/text_box_accessible.h"
+#include "window/controls/text_boxes.h"
 
 #include "window/controls/shown_text.h"
-#include "window/controls/text_box_view.h"
 
 #include <QAccessibleWidget>
 #include <QCoreApplication>

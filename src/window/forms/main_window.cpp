@@ -2,19 +2,16 @@
 // Builds the main window from the plan and connects its controls.
 #include "window/forms/main_window.h"
 
-#include "look/control_names.h"
-#include "look/pictures.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 #include "stats/counters.h"
-#include "window/controls/check_view.h"
-#include "window/controls/command_button.h"
-#include "window/controls/count_box.h"
+#include "window/controls/buttons.h"
 #include "window/controls/family_box.h"
 #include "window/controls/fitted_label.h"
 #include "window/controls/frame_panel.h"
-#include "window/controls/marking_box.h"
 #include "window/controls/picture_box.h"
+#include "window/controls/text_boxes.h"
 #include "window/grid/grid_view.h"
 #include "window/tableau/pad_view.h"
 #include "window/tableau/tableau_view.h"
@@ -38,64 +35,11 @@ namespace {
 
 constexpr int undoButton = 0;
 constexpr int resetButton = 1;
+constexpr int TableauPanel = 3;
 constexpr int labelGap = 2; // pixels between a label and the control behind it
 
 /// The frame a window manager usually draws, until the real one is known.
 constexpr QMargins likelyFrame(4, 30, 4, 4);
-
-struct TabStop {
-    Name name;
-    int index;
-};
-constexpr std::array tabStops{
-    TabStop{Name::xpFrame, 2},
-    TabStop{Name::Text, 0},
-    TabStop{Name::xpButton, 2},
-    TabStop{Name::xpButton, 0},
-    TabStop{Name::xpButton, 1},
-    TabStop{Name::xpButton, 3},
-    TabStop{Name::xpCombo, 0},
-    TabStop{Name::Grid, 0},
-    TabStop{Name::Check, 0},
-    TabStop{Name::Check, 1},
-    TabStop{Name::Text, 1},
-    TabStop{Name::xpButton, 4},
-    TabStop{Name::Text, 2},
-    TabStop{Name::xpButton, 5},
-};
-
-/// What a screen reader calls a control that shows no name of its own, or not a whole one.
-struct Spoken {
-    Name name;
-    int index;
-    std::string_view text;
-};
-constexpr std::array spokenNames{
-    Spoken{Name::Text, 0, "Autom."},
-    Spoken{Name::Text, 1, "Pleins Markieren die genau … mal gefallen sind"},
-    Spoken{Name::Text, 2, "Pleins Markieren die mind. … mal gefallen sind"},
-    Spoken{Name::xpCombo, 0, "Sortierung"},
-};
-/// What a control does, for tool tips and screen readers, where it has no tool tip of its own.
-constexpr std::array explanations{
-    Spoken{Name::xpButton, 2, "Hängt die Coups einer Datei an die Permanenz an (Strg+O)."},
-    Spoken{Name::xpButton, 0, "Nimmt den letzten Coup zurück (Strg+Z)."},
-    Spoken{Name::xpButton, 1, "Löscht die ganze Permanenz."},
-    Spoken{Name::xpButton, 3, "Schreibt die Permanenz in eine Datei (Strg+S)."},
-    Spoken{Name::Check, 0, "Zeigt die Kürzel der Chancen statt der Zahlen."},
-    Spoken{Name::Check, 1, "Zeigt Linien zwischen den Zeilen und Spalten."},
-    Spoken{Name::xpButton, 4, "Hebt die Markierung „genau“ auf."},
-    Spoken{Name::xpButton, 5, "Hebt die Markierung „mind.“ auf."},
-    Spoken{Name::xpCombo, 0, "Chancen, nach denen die Permanenz sortiert ist."},
-};
-
-template <class Table>
-QString spoken(const Table& table, const plan::Control& control) {
-    for (const Spoken& row : table)
-        if (row.name == control.name && row.index == control.index)
-            return look::toText(row.text);
-    return {};
-}
 
 bool besideEachOther(const controls::Rect& one, const controls::Rect& other) {
     return one.top < other.bottom() && other.top < one.bottom();
@@ -133,15 +77,15 @@ MainWindow::MainWindow(const Session& session) : session_(session), area_(new QS
     buildMenu();
     auto* content = new QWidget;
     content->setFixedSize(look::toPixels(plan::MainClient).size());
-    buildPanel(plan::Panels[0], plan::Eingabe, content);
-    buildPanel(plan::Panels[1], plan::Sortierung, content);
-    buildPanel(plan::Panels[2], plan::Tableau, content);
+    buildPanel(plan::rowOf(plan::Panels, Name::xpFrame, 0), plan::Eingabe, content);
+    buildPanel(plan::rowOf(plan::Panels, Name::xpFrame, 1), plan::Sortierung, content);
+    buildPanel(plan::rowOf(plan::Panels, Name::xpFrame, TableauPanel), plan::Tableau, content);
     area_->setWidget(content);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setFocusPolicy(Qt::NoFocus);
     setCentralWidget(area_);
     addUndoKey();
-    setTabStops();
+    findChild<QWidget*>(look::controlName(Name::xpFrame, 2))->setFocus();
     refresh();
     fitToScreen();
 }
@@ -168,18 +112,10 @@ void MainWindow::addEntry(
 
 void MainWindow::buildPanel(const plan::Control& panel, Controls controls, QWidget* content) {
     auto* frame = new FramePanel(panel, content);
-    if (panel.name == plan::Panels[2].name && panel.index == plan::Panels[2].index) {
-        auto* tableau = new TableauView(session_, frame);
-        views_.push_back(tableau);
-    }
+    if (panel.index == TableauPanel)
+        views_.push_back(new TableauView(session_, frame));
     for (const plan::Control& control : controls) {
         QWidget* widget = build(control, controls, frame);
-        const QString name = spoken(spokenNames, control);
-        if (!name.isEmpty())
-            widget->setAccessibleName(name);
-        const QString explanation = spoken(explanations, control);
-        if (!explanation.isEmpty())
-            widget->setToolTip(explanation);
         if (auto* view = dynamic_cast<View*>(widget))
             views_.push_back(view);
     }
@@ -190,22 +126,16 @@ QWidget* MainWindow::build(const plan::Control& control, Controls neighbours, QW
     case Name::Image1:
         return new PictureBox(
             look::Picture::Icon, control, QStringLiteral("Programmsymbol"), panel);
-    case Name::xpFrame: {
-        auto* pad = new PadView(session_, panel);
-        pad->setObjectName(look::controlName(control.name, control.index));
-        return pad;
-    }
+    case Name::xpFrame:
+        return new PadView(session_, control, panel);
     case Name::Text:
         return buildTextBox(control, panel);
     case Name::xpButton:
         return buildButton(control, panel);
     case Name::xpCombo:
         return new FamilyBox(session_, control, panel);
-    case Name::Grid: {
-        auto* grid = new GridView(session_.program.Frm_Main.Grid[0], panel);
-        grid->setObjectName(look::controlName(control.name, control.index));
-        return grid;
-    }
+    case Name::Grid:
+        return new GridView(session_.program.Frm_Main.Grid[0], control, panel);
     case Name::Check:
         return new CheckView(session_, control, panel);
     default:
@@ -245,18 +175,6 @@ void MainWindow::addUndoKey() {
     auto* undo = new QShortcut(QKeySequence::Undo, area_->widget());
     connect(undo, &QShortcut::activated, this,
         [this] { Frm_Main::xpButton_Click(session_.program, session_.platform, undoButton); });
-}
-
-void MainWindow::setTabStops() {
-    QWidget* before = nullptr;
-    for (const TabStop& stop : tabStops) {
-        auto* widget = findChild<QWidget*>(look::controlName(stop.name, stop.index));
-        if (before)
-            setTabOrder(before, widget);
-        else
-            widget->setFocus();
-        before = widget;
-    }
 }
 
 void MainWindow::fitToScreen() {

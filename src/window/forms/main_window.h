@@ -48,7 +48,6 @@ private:
     QWidget* buildLabel(const forms::plan::Control& control, Controls neighbours, QWidget* panel);
     QWidget* buildTextBox(const forms::plan::Control& control, QWidget* panel);
     QWidget* buildButton(const forms::plan::Control& control, QWidget* panel);
-    void setTabStops();
     void addUndoKey();
     void fitToScreen();
     void refreshLock();

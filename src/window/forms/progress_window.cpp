@@ -3,11 +3,11 @@
 #include "window/forms/progress_window.h"
 
 #include "forms/plan.h"
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "progress/long_run.h"
 #include "shell/handlers.h"
-#include "window/controls/command_button.h"
+#include "window/controls/buttons.h"
 #include "window/controls/fitted_label.h"
 
 #include <QCloseEvent>
@@ -39,17 +39,15 @@ ProgressWindow::ProgressWindow(const Session& session, QWidget* owner)
       session_(session) {
     setWindowTitle(look::toText(plan::ProgressCaption));
     setFixedSize(look::toPixels(plan::ProgressClient).size());
-    const plan::Control& status = plan::Progress[0];
-    const plan::Control& bar = plan::Progress[1];
-    const plan::Control& button = plan::Progress[2];
+    constexpr const plan::Control& status = plan::rowOf(plan::Progress, plan::Name::Lbl_Status);
+    constexpr const plan::Control& bar = plan::rowOf(plan::Progress, plan::Name::xpProgress);
+    constexpr const plan::Control& button = plan::rowOf(plan::Progress, plan::Name::xpButton);
     status_ = new FittedLabel(
         status, width() - look::toPixels(status.place).left() - statusMargin, this);
     bar_ = new QProgressBar(this);
-    bar_->setObjectName(look::controlName(bar.name, bar.index));
-    bar_->setGeometry(look::toPixels(bar.place));
+    look::applyRow(bar, *bar_);
     bar_->setRange(0, barSteps);
     bar_->setTextVisible(false);
-    bar_->setAccessibleName(QStringLiteral("Fortschritt"));
     button_ = new CommandButton(button, this);
     button_->setAutoDefault(false); // the Enter that started the run must not end it
     connect(button_, &CommandButton::clicked, this,

@@ -3,8 +3,8 @@
 #include "window/forms/start_window.h"
 
 #include "forms/plan.h"
-#include "look/pictures.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 #include "window/controls/fitted_label.h"
 #include "window/controls/picture_box.h"

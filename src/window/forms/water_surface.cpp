@@ -2,9 +2,8 @@
 // Copies the picture's cells to where the water has taken them.
 #include "window/forms/water_surface.h"
 
-#include "look/control_names.h"
-#include "look/pictures.h"
 #include "look/style.h"
+#include "look/text.h"
 
 #include <QPainter>
 #include <QWindow>

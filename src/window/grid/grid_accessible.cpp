@@ -3,6 +3,7 @@
 #include "window/grid/grid_accessible.h"
 
 #include "look/style.h"
+#include "look/text.h"
 #include "window/grid/grid_view.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "window/grid/grid_painter.h"
 
 #include "look/style.h"
+#include "look/text.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -47,7 +48,7 @@ GridPainter::GridPainter(const QFont& font) : font_(font) {
 
 void GridPainter::paint(QPainter& painter, const QRect& area, const QRect& clip,
     const controls::Grid& grid, const GridLayout& layout, std::int64_t top) {
-    adopt(grid, layout, DeviceEdges(painter));
+    adopt(grid, layout, look::DeviceEdges(painter));
 
     const std::int64_t left = std::max<std::int64_t>(0, grid.RowCount() - top);
     const int room = area.height() - GridLayout::HeaderHeight + GridLayout::RowHeight - 1;
@@ -88,7 +89,7 @@ void GridPainter::drawRows(
 }
 
 void GridPainter::adopt(
-    const controls::Grid& grid, const GridLayout& layout, const DeviceEdges& edges) {
+    const controls::Grid& grid, const GridLayout& layout, const look::DeviceEdges& edges) {
     if (layout != layout_ || edges != edges_) {
         layout_ = layout;
         edges_ = edges;

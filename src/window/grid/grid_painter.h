@@ -2,7 +2,7 @@
 // Draws a grid's header and visible rows from cached strips.
 #pragma once
 
-#include "window/device_edges.h"
+#include "look/device_edges.h"
 #include "window/grid/grid_layout.h"
 
 #include <QFont>
@@ -43,7 +43,8 @@ private:
         qreal digitWidth = 0; ///< 0 while unknown
     };
 
-    void adopt(const controls::Grid& grid, const GridLayout& layout, const DeviceEdges& edges);
+    void adopt(
+        const controls::Grid& grid, const GridLayout& layout, const look::DeviceEdges& edges);
     void drawRows(
         QPainter& painter, const controls::Grid& grid, std::int64_t top, int from, int to);
     void drawGround(QPainter& painter, const QRect& area, int rowsEnd) const;
@@ -60,7 +61,7 @@ private:
 
     QFont font_;
     GridLayout layout_;
-    DeviceEdges edges_;
+    look::DeviceEdges edges_;
     std::uint64_t generation_ = 0;
     QHash<quint64, QImage> strips_; // by pattern and height in device pixels
     QImage header_;

@@ -87,39 +87,27 @@ private:
     Look look_;
 };
 
-controls::Rect placeOf(const controls::Grid& grid) {
-    for (const auto& control : forms::plan::Sortierung) {
-        if (control.name == forms::plan::Name::Grid) {
-            controls::Rect place = control.place;
-            place.width = grid.Width;
-            return place;
-        }
-    }
-    return {};
-}
-
 } // namespace
 
-GridView::GridView(const controls::Grid& grid, QWidget* parent)
-    : QAbstractScrollArea(parent), grid_(grid), painter_(look::toFont(forms::plan::GridFont)) {
+GridView::GridView(const controls::Grid& grid, const forms::plan::Control& control, QWidget* parent)
+    : QAbstractScrollArea(parent), grid_(grid), planned_(control.place),
+      painter_(look::toFont(forms::plan::GridFont)) {
     setVerticalScrollBar(new RowScrollBar(this));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     setLineWidth(FrameWidth);
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName(QStringLiteral("Sortierte Permanenz"));
+    look::applyRow(control, *this);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &GridView::stepBar);
     refresh();
 }
 
-QRect GridView::geometryFor(const controls::Grid& grid) {
-    return look::toPixels(placeOf(grid));
-}
-
 void GridView::refresh() {
-    const QRect place = geometryFor(grid_);
+    controls::Rect wanted = planned_;
+    wanted.width = grid_.Width;
+    const QRect place = look::toPixels(wanted);
     adoptLayout(place.width()); // first, so that the new place is laid out with the new columns
     if (geometry() != place)
         setGeometry(place);

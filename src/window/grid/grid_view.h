@@ -2,6 +2,7 @@
 // The sorted view on screen: a read-only grid that scrolls by rows.
 #pragma once
 
+#include "forms/plan.h"
 #include "window/controls/session.h"
 #include "window/grid/grid_layout.h"
 #include "window/grid/grid_painter.h"
@@ -20,10 +21,8 @@ class GridView final : public QAbstractScrollArea, public View {
     Q_OBJECT
 
 public:
-    explicit GridView(const controls::Grid& grid, QWidget* parent = nullptr);
-
-    /// Where the grid stands in its panel; its width follows the model.
-    static QRect geometryFor(const controls::Grid& grid);
+    /// Takes its place in `parent`; its width follows the model.
+    GridView(const controls::Grid& grid, const forms::plan::Control& control, QWidget* parent);
 
     /// Takes over place, layout, rows and a request to scroll, and repaints what has changed.
     void refresh() override;
@@ -78,6 +77,7 @@ private:
     QRect rowRect(int index) const;
 
     const controls::Grid& grid_;
+    controls::Rect planned_;
     GridLayout layout_;
     GridPainter painter_;
     RowScale scale_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Drawing and wording of number cells.
 #include "window/tableau/number_cells.h"
+#include "look/text.h"
 
 #include "chances/chancentabelle.h"
 #include "stats/counters.h"

@@ -5,6 +5,7 @@
 
 #include "forms/program.h"
 #include "look/style.h"
+#include "look/text.h"
 
 #include <QStaticText>
 #include <QString>

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Interfaces of the number pad and its cells.
-#include "window/tableau/pad_accessible.h"
+#include "window/tableau/pad_view.h"
 
 #include "window/controls/painted_item.h"
 #include "window/tableau/number_cells.h"
-#include "window/tableau/pad_view.h"
 
 #include <QAccessibleWidget>
 

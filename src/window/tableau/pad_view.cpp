@@ -3,6 +3,7 @@
 #include "window/tableau/pad_view.h"
 
 #include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 #include "stats/counters.h"
 #include "stats/tableau.h"
@@ -23,11 +24,6 @@ namespace {
 
 constexpr int columns = 3;
 constexpr int lastNumber = chances::NumberCount - 1;
-
-const plan::Control& frame() {
-    return *std::find_if(plan::Eingabe.begin(), plan::Eingabe.end(),
-        [](const plan::Control& row) { return row.name == plan::Name::xpFrame; });
-}
 
 /// The cell that an arrow key leads to: three columns with the zero above them. At an edge the
 /// cell stays.
@@ -58,9 +54,9 @@ void drawFrame(QPainter& painter, const QRect& rect, const QColor& color) {
 
 } // namespace
 
-PadView::PadView(const Session& session, QWidget* panel) : QWidget(panel), session_(session) {
-    setGeometry(look::toPixels(frame().place));
-    setToolTip(look::toText(plan::PadTip));
+PadView::PadView(const Session& session, const plan::Control& control, QWidget* panel)
+    : QWidget(panel), session_(session) {
+    look::applyRow(control, *this);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);

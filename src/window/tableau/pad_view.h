@@ -23,7 +23,7 @@ class PadView final : public QWidget, public View {
 
 public:
     /// Takes its place within the panel.
-    PadView(const Session& session, QWidget* panel);
+    PadView(const Session& session, const forms::plan::Control& control, QWidget* panel);
 
     void refresh() override;
 
@@ -87,5 +87,9 @@ private:
     bool byMouse_ = false;
     int firstDigit_ = 0; ///< of a number being typed; 0 while a digit starts anew
 };
+
+/// What a screen reader meets of a PadView: a group of 37 buttons; null for any other object. A
+/// factory for QAccessible.
+QAccessibleInterface* padAccessible(const QString& className, QObject* object);
 
 } // namespace window

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Interfaces of the roulette layout and its items.
-#include "window/tableau/tableau_accessible.h"
+#include "window/tableau/tableau_view.h"
 
 #include "window/controls/painted_item.h"
 #include "window/tableau/number_cells.h"
-#include "window/tableau/tableau_view.h"
 
 #include <QAccessibleWidget>
 

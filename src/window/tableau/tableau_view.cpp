@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Painting of the roulette layout.
 #include "window/tableau/tableau_view.h"
+#include "look/text.h"
 
 #include "stats/counters.h"
 #include "stats/tableau.h"
@@ -72,9 +73,7 @@ void drawLayout(QPainter& painter) {
 
 TableauView::TableauView(const Session& session, QWidget* panel)
     : QWidget(panel), session_(session) {
-    const plan::Control& area = *std::find_if(plan::Panels.begin(), plan::Panels.end(),
-        [](const plan::Control& row) { return row.caption == "Tableau"; });
-    setGeometry(look::toPixels({0, 0, area.place.width, area.place.height}));
+    setGeometry(panel->rect());
     setMouseTracking(true);
     for (std::size_t i = 0; i < labels_.size(); ++i) {
         labels_[i].plan = &plan::CounterLabels[i];

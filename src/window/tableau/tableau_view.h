@@ -4,6 +4,7 @@
 
 #include "chances/chancentabelle.h"
 #include "controls/models.h"
+#include "look/text.h"
 #include "window/controls/session.h"
 #include "window/tableau/number_cells.h"
 
@@ -11,6 +12,8 @@
 #include <QWidget>
 
 #include <array>
+
+class QAccessibleInterface;
 
 namespace window {
 
@@ -83,5 +86,9 @@ private:
     std::array<bool, ItemCount> untold_{}; ///< changed since a screen reader was told
     int hovered_ = -1; ///< number under the pointer
 };
+
+/// What a screen reader meets of a TableauView: a group of labels; null for any other object. A
+/// factory for QAccessible.
+QAccessibleInterface* tableauAccessible(const QString& className, QObject* object);
 
 } // namespace window

@@ -1,16 +1,47 @@
 // SPDX-License-Identifier: MIT
-// Hands what is typed into the count box to the program and keeps back what it drops.
-#include "window/controls/count_box.h"
+// Brings the text boxes in line with their models and hands what a user does to the program.
+#include "window/controls/text_boxes.h"
 
 #include "forms/plan.h"
+#include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
 namespace window {
+
+TextBoxView::TextBoxView(
+    const Session& session, const forms::plan::Control& control, QWidget* parent)
+    : QLineEdit(parent), session_(session), index_(control.index) {
+    look::applyRow(control, *this);
+}
+
+const controls::TextBox& TextBoxView::model() const {
+    return session_.program.Frm_Main.Text[static_cast<std::size_t>(index_)];
+}
+
+void TextBoxView::refresh() {
+    const QString shown = look::toText(model().Text);
+    if (shown != text()) {
+        const QSignalBlocker quiet(this);
+        setText(shown);
+    }
+    const QColor back = look::toColor(model().BackColor);
+    const QColor fore = look::toColor(model().ForeColor);
+    QPalette colors = palette();
+    if (colors.color(QPalette::Base) == back && colors.color(QPalette::Text) == fore)
+        return;
+    colors.setColor(QPalette::Base, back);
+    colors.setColor(QPalette::Text, fore);
+    setPalette(colors);
+}
 
 namespace {
 
@@ -72,6 +103,53 @@ void CountBox::inputMethodEvent(QInputMethodEvent* event) {
     QInputMethodEvent rest(event->preeditString(), event->attributes());
     rest.setCommitString(typed, event->replacementStart(), event->replacementLength());
     QLineEdit::inputMethodEvent(&rest);
+}
+
+namespace {
+
+constexpr int focusInset = 3; // pixels
+
+} // namespace
+
+MarkingBox::MarkingBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
+    : TextBoxView(session, control, parent) {
+    setReadOnly(true);
+    setTextMargins(focusInset, 0, focusInset, 0); // clear of the frame around it
+    setCursor(Qt::PointingHandCursor);
+}
+
+void MarkingBox::ask() {
+    Frm_Main::Text_Click(session().program, session().platform, index());
+    refresh();
+}
+
+void MarkingBox::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        deselect();
+        ask();
+    }
+}
+
+void MarkingBox::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return ask();
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void MarkingBox::paintEvent(QPaintEvent* event) {
+    TextBoxView::paintEvent(event);
+    if (!hasFocus())
+        return;
+    // No caret blinks here, and the usual frame is lost around the blue of a box with a value.
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Text), 1, Qt::DotLine));
+    painter.drawRect(rect().adjusted(focusInset, focusInset, -focusInset - 1, -focusInset - 1));
 }
 
 } // namespace window

@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-namespace window {
+namespace look {
 
 /// Every edge is rounded where it stands on the device, never a width or a height by itself. The
 /// toolkit clips and fills in this way, so only then has each pixel between neighbours an owner.
@@ -41,4 +41,4 @@ private:
     QPointF rest_; // how far the origin lies from its pixel
 };
 
-} // namespace window
+} // namespace look

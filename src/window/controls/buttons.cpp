@@ -1,20 +1,34 @@
 // SPDX-License-Identifier: MIT
-// Brings a check box in line with its model.
-#include "window/controls/check_view.h"
+// Buttons that click at once, and check boxes that follow their models.
+#include "window/controls/buttons.h"
 
 #include "forms/plan.h"
-#include "look/control_names.h"
 #include "look/style.h"
+#include "look/text.h"
 #include "shell/handlers.h"
 
+#include <QShortcutEvent>
 #include <QStyleOptionButton>
 
 namespace window {
 
+CommandButton::CommandButton(const forms::plan::Control& control, QWidget* parent)
+    : QPushButton(look::toText(control.caption), parent) {
+    look::applyRow(control, *this);
+    setAutoDefault(true); // Enter presses it in the main window too, not only in dialogs
+}
+
+bool CommandButton::event(QEvent* event) {
+    if (event->type() != QEvent::Shortcut
+        || static_cast<const QShortcutEvent*>(event)->isAmbiguous())
+        return QPushButton::event(event);
+    click();
+    return true;
+}
+
 CheckView::CheckView(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : QCheckBox(look::toText(control.caption), parent), session_(session), index_(control.index) {
-    setObjectName(look::controlName(control.name, control.index));
-    setGeometry(look::toPixels(control.place));
+    look::applyRow(control, *this);
     QStyleOptionButton option;
     initStyleOption(&option);
     const QRect room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);

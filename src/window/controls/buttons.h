@@ -1,16 +1,33 @@
 // SPDX-License-Identifier: MIT
-// A check box that shows its model.
+// Push buttons and check boxes.
 #pragma once
 
+#include "forms/plan.h"
 #include "window/controls/session.h"
 
 #include <QCheckBox>
+#include <QPushButton>
 
 namespace forms::plan {
 struct Control;
 }
 
+class QAccessibleInterface;
+
 namespace window {
+
+/// The toolkit plays a short animation when a button's access key is hit, clicks behind it, and
+/// swallows whatever comes meanwhile. This button clicks at once.
+class CommandButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    /// Takes its place in `parent`.
+    CommandButton(const forms::plan::Control& control, QWidget* parent);
+
+protected:
+    bool event(QEvent* event) override;
+};
 
 /// Shows the box `Check(index)`. A click goes to the program, which alone decides whether the box
 /// changes.
@@ -32,5 +49,9 @@ private:
     Session session_;
     int index_;
 };
+
+/// What a screen reader meets of a CommandButton or a CheckView, null for any other object. A
+/// factory for QAccessible.
+QAccessibleInterface* buttonAccessible(const QString& className, QObject* object);
 
 } // namespace window

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The permanence as a text file: one coup per line.
+// The three ways of many coups: from a text file, to one, and from a random series.
 #pragma once
 
 #include "forms/program.h"
@@ -14,5 +14,10 @@ void Permanenz_Laden(forms::Program& program, platform::Platform& platform);
 /// Asks for a file and writes the permanence to it: a blank, the number, a blank, CR LF per coup.
 /// An error gives a message and leaves an old file as it was.
 void Permanenz_Speichern(forms::Program& program, platform::Platform& platform);
+
+/// Draws as many coups as the number at the start of the count box says; none for 0 or an empty
+/// box. A number beyond 32 bits is refused with a message. The generator is seeded from the clock
+/// before every single draw.
+void drawSeries(forms::Program& program, platform::Platform& platform);
 
 } // namespace M_Eingabe
