@@ -31,9 +31,6 @@ public:
     void paint(QPainter& painter, const QRect& area, const QRect& clip, const controls::Grid& grid,
         const GridLayout& layout, std::int64_t top);
 
-    /// How many strips are kept at the moment.
-    qsizetype stripCount() const { return strips_.size(); }
-
 private:
     static constexpr std::size_t MostDigits = 19; // of a 64 bit number
 
