@@ -62,8 +62,12 @@ TEST(Layout, MeasuresAreWholePixelsAndIndicesHaveNoGap) {
     for (const plan::Line& line : plan::Lines)
         whole({line.x1, line.y1, line.x2, line.y2});
     EXPECT_EQ(broken, (std::vector{2000, 1467, 1452, 2350})) << "so on purpose";
-    for (const auto& label : plan::CounterLabels)
+    for (const auto& label : plan::CounterLabels) {
         EXPECT_TRUE(indices[label.name].insert(label.index).second);
+        for (const unsigned part : {label.from, label.from >> 8, label.from >> 16, label.to,
+                 label.to >> 8, label.to >> 16})
+            EXPECT_TRUE(part % 256 % 32 == 0 || part % 256 == 255) << "a step between two colours";
+    }
     for (const auto& [name, all] : indices) {
         const bool fromOne = name >= Name::XPLabel_K && name <= Name::XPLabel_TVP;
         EXPECT_EQ(*all.begin(), fromOne ? 1 : 0);
