@@ -40,7 +40,7 @@ void drawSeries(forms::Program& program, platform::Platform& platform) {
         program, platform, *n, files::Scrolling::Stays, [&](std::int64_t, std::int64_t most) {
             const auto numbers = std::span(drawn).first(static_cast<std::size_t>(most));
             for (std::uint8_t& number : numbers) {
-                files::seed(program.random, platform.clock.now());
+                files::seed(program.random, platform.clock.coarse());
                 number = static_cast<std::uint8_t>(files::numberOf(files::draw(program.random)));
             }
             return numbers;

@@ -89,6 +89,8 @@ public:
     virtual ~Clock() = default;
     /// A time that never goes back, to measure spans with.
     virtual std::chrono::nanoseconds now() = 0;
+    /// The system's time by a clock that is quick to read but may stand still for some milliseconds.
+    virtual std::chrono::nanoseconds coarse() = 0;
     /// The local seconds since midnight with their fraction.
     virtual double secondsSinceMidnight() = 0;
 };

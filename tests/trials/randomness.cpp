@@ -107,6 +107,7 @@ struct RealClock : platform::Clock {
     std::chrono::nanoseconds now() override {
         return std::chrono::steady_clock::now().time_since_epoch();
     }
+    std::chrono::nanoseconds coarse() override { return now(); }
     double secondsSinceMidnight() override { return 0; }
 };
 

@@ -29,6 +29,12 @@ std::chrono::nanoseconds Clock::now() {
     return std::chrono::steady_clock::now().time_since_epoch();
 }
 
+std::chrono::nanoseconds Clock::coarse() {
+    std::timespec now{};
+    ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
 double Clock::secondsSinceMidnight() {
     // Every draw of a long series asks, and the time zone is by far the dearest part of the answer.
     // Local time is changed on full quarters of an hour only, so one look at it serves till then.

@@ -27,6 +27,7 @@ public:
 class Clock final : public platform::Clock {
 public:
     std::chrono::nanoseconds now() override;
+    std::chrono::nanoseconds coarse() override;
     double secondsSinceMidnight() override;
 
 private:
