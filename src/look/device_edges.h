@@ -11,15 +11,15 @@ namespace look {
 
 /// Every edge is rounded where it stands on the device, never a width or a height by itself. The
 /// toolkit clips and fills in this way, so only then has each pixel between neighbours an owner.
-/// Counts from the pixel that holds the painter's origin.
+/// Counts from the pixel that holds the painter's origin, right and down only.
 class DeviceEdges {
 public:
     DeviceEdges() = default;
     explicit DeviceEdges(const QPainter& painter) : DeviceEdges(painter.deviceTransform()) { }
 
     qreal scale() const { return scale_; }
-    int x(qreal logical) const { return rounded(rest_.x() + logical * scale_); }
-    int y(qreal logical) const { return rounded(rest_.y() + logical * scale_); }
+    int x(qreal logical) const { return static_cast<int>(rest_.x() + logical * scale_ + 0.5); }
+    int y(qreal logical) const { return static_cast<int>(rest_.y() + logical * scale_ + 0.5); }
 
     /// Makes the painter that they were taken from count like x() and y().
     void adoptBy(QPainter& painter) const {
@@ -32,10 +32,10 @@ public:
 
 private:
     explicit DeviceEdges(const QTransform& toDevice)
-        : scale_(toDevice.m11()),
-          rest_(toDevice.dx() - rounded(toDevice.dx()), toDevice.dy() - rounded(toDevice.dy())) { }
+        : scale_(toDevice.m11()), rest_(rest(toDevice.dx()), rest(toDevice.dy())) { }
 
-    static int rounded(qreal edge) { return static_cast<int>(std::floor(edge + 0.5)); }
+    /// From -0.5 on, less than 0.5.
+    static qreal rest(qreal origin) { return origin - std::floor(origin + 0.5); }
 
     qreal scale_ = 0;
     QPointF rest_; // how far the origin lies from its pixel

@@ -118,9 +118,8 @@ const GridPainter::SerialLook& GridPainter::serialLook(qsizetype length) {
 }
 
 void GridPainter::drawGround(QPainter& painter, const QRect& area, int rowsEnd) const {
-    // Beyond the last edges, for the clip to cut: one on half a pixel may be rounded either way.
-    const int right = edges_.x(area.width()) + 1;
-    const int bottom = edges_.y(area.height()) + 1;
+    const int right = edges_.x(area.width());
+    const int bottom = edges_.y(area.height());
     const int columnsEnd = edges_.x(layout_.width());
     const int y = edges_.y(rowsEnd);
     if (y < bottom)

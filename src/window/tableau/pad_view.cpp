@@ -165,8 +165,7 @@ void PadView::drawFocus(QPainter& painter) const {
 
 void PadView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    // Beyond the edges, for the clip to cut: one on half a pixel may be rounded either way.
-    painter.fillRect(event->rect().adjusted(-1, -1, 1, 1), look::toColor(controls::Cloth));
+    painter.fillRect(event->rect(), look::toColor(controls::Cloth));
     for (int number = 0; number <= lastNumber; ++number)
         if (event->region().intersects(cellRect(number)))
             drawCell(painter, number);
