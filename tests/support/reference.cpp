@@ -2,7 +2,10 @@
 // The plain program to compare with.
 #include "support/reference.h"
 
+#include "grids/families.h"
+
 #include <algorithm>
+#include <sstream>
 
 namespace support {
 
@@ -13,6 +16,13 @@ constexpr unsigned RedColor = 255;
 constexpr unsigned GreenColor = 255 * 256;
 constexpr unsigned ClothColor = 192 * 256;
 constexpr unsigned WhiteColor = 16777215;
+
+/// Families from this one on are none of those told here: they are as the program has them.
+constexpr int Further = 7;
+
+const grids::Family& further(int family) {
+    return grids::Families.at(static_cast<std::size_t>(family));
+}
 
 bool inTvs(int t, int n) {
     const int first = t <= 6 ? 6 * t - 5 : 6 * (t - 7) + 4;
@@ -63,7 +73,13 @@ std::array<std::string, 17> marks(int family, bool asCodes, int n) {
     const auto put = [&](int column, const std::string& code) {
         row[static_cast<std::size_t>(column)] = asCodes ? code : std::to_string(n);
     };
-    if (family <= 2 && n == 0)
+    if (family >= Further) {
+        for (const grids::Rule& rule : further(family).rules)
+            for (int column = rule.first; column <= rule.last; ++column)
+                if (const auto code = codes(n)[static_cast<std::size_t>(rule.tableColumn)];
+                    code == rule.code)
+                    put(column, code);
+    } else if (family <= 2 && n == 0)
         put(3, "Z");
     else if (family == 0)
         Red.contains(n) ? put(4, "R") : put(2, "N");
@@ -158,23 +174,32 @@ void Reference::resort() {
 }
 
 void Reference::choose(int entry) {
-    static const std::array<std::vector<std::string>, 7> shown{{
-        {"Cp / NR", "N", "Z", "R"},
-        {"Cp / PI", "P", "Z", "I"},
-        {"Cp / PsM", "Ps", "Z", "M"},
-        {"Cp / K", "K1", "K2", "K3"},
-        {"Cp / D", "D1", "D2", "D3"},
-        {"Cp / TVS", "1", "2", "3", "4", "5", "6", "#", "7", "8", "9", "10", "11"},
-        {"Cp / TVP", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "#", "13",
-            "14"},
-    }};
+    static const std::array<const char*, Further> shown{"Cp/NR N Z R", "Cp/PI P Z I",
+        "Cp/PsM Ps Z M", "Cp/K K1 K2 K3", "Cp/D D1 D2 D3", "Cp/TVS 1 2 3 4 5 6 # 7 8 9 10 11",
+        "Cp/TVP 1 2 3 4 5 6 7 8 9 10 11 12 # 13 14"};
     family = entry;
-    const auto& texts = shown[static_cast<std::size_t>(entry)];
-    std::copy(texts.begin(), texts.end(), captions.begin() + 1);
-    width = entry < 5 ? (lines ? 2075 : 2010)
-        : entry == 5  ? (lines ? 4910 : 4710)
-                      : (lines ? 5870 : 5610);
+    if (entry < Further) {
+        std::istringstream texts(shown[static_cast<std::size_t>(entry)]);
+        std::size_t column = 0;
+        for (std::string text; texts >> text;)
+            captions[++column] = text;
+        captions[1].replace(2, 1, " / ");
+    } else {
+        captions[1] = further(entry).serialCaption;
+        for (const grids::Captions& some : further(entry).captions)
+            for (int column = some.first; column <= some.last; ++column)
+                captions[static_cast<std::size_t>(column)] = std::string(some.text)
+                    + (some.number != 0 ? std::to_string(some.number + column - some.first) : "");
+    }
     resort();
+}
+
+int Reference::width() const {
+    if (family >= Further)
+        return lines ? further(family).widthWithLines : further(family).width;
+    return family < 5 ? (lines ? 2075 : 2010)
+        : family == 5 ? (lines ? 4910 : 4710)
+                      : (lines ? 5870 : 5610);
 }
 
 void Reference::toggleCodes() {
@@ -184,7 +209,6 @@ void Reference::toggleCodes() {
 
 void Reference::toggleLines() {
     lines = !lines;
-    width += (lines ? 1 : -1) * (family < 5 ? 65 : family == 5 ? 200 : 260);
 }
 
 void Reference::mark(int which, int value) {
@@ -203,7 +227,7 @@ std::vector<std::string> Reference::picture() const {
     std::vector<std::string> text{"Coup " + std::to_string(coups.size()) + " Plein "
         + std::to_string(plein) + " family " + std::to_string(family) + " codes "
         + std::to_string(asCodes) + " lines " + std::to_string(lines ? 3 : 0) + " width "
-        + std::to_string(width)};
+        + std::to_string(width())};
     const auto fallen = [&](int n) { return std::count(coups.begin(), coups.end(), n); };
     const auto counted = [&](const std::string& chance, const std::string& name, int index) {
         const auto set = members(chance, index);

@@ -43,7 +43,6 @@ struct Reference {
     std::array<unsigned, 3> back{0x80000005, 0x80000005, 0x80000005};
     std::array<unsigned, 3> fore{0x80000008, 0x80000008, 0x80000008};
     std::array<std::string, 17> captions;
-    int width = 0;
     std::vector<Row> view;
     std::vector<Row> store;
 
@@ -61,6 +60,7 @@ struct Reference {
     std::vector<std::string> picture() const;
 
 private:
+    int width() const;
     void resort();
 };
 
