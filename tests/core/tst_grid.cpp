@@ -2,7 +2,6 @@
 // The grid model by itself: any history of writes reads back, however many different rows there
 // are.
 #include "controls/grid.h"
-#include "controls/pattern_table.h"
 
 #include <gtest/gtest.h>
 
@@ -56,23 +55,6 @@ TEST(Grid, EveryRowDifferentBeyondTwoBytes) {
         grid.Row(row).Cell(2, std::to_string(row * 31 % 5000));
     for (std::int64_t row = Rows; row >= 1; grid.RemoveRow(row--))
         ASSERT_EQ(grid.Row(row).Cell(2), std::to_string(row * 31 % 5000));
-}
-
-TEST(Grid, ANumberIsFreedOnceHoweverOftenIsSwept) {
-    controls::PatternTable table;
-    controls::RowPattern pattern;
-    const auto add = [&](const char* text) {
-        pattern.Cell(2, text);
-        return table.add(pattern);
-    };
-    const controls::PatternId dropped = add("a");
-    const controls::PatternId kept = add("b");
-    for (int sweep = 0; sweep < 2; ++sweep)
-        table.keep({0, 1});
-    EXPECT_EQ(add("c"), dropped);
-    EXPECT_EQ(add("d"), 2U);
-    EXPECT_EQ(table[dropped].Cell(2), "c");
-    EXPECT_EQ(table[kept].Cell(2), "b");
 }
 
 } // namespace

@@ -6,10 +6,19 @@
 #include <array>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 namespace support {
+
+/// Everything, one after the other, as a text.
+template <class... Parts>
+std::string joined(const Parts&... parts) {
+    std::ostringstream all;
+    (all << ... << parts);
+    return all.str();
+}
 
 /// A grid row, cells 1 to 16 (or fewer).
 struct Row {
