@@ -54,7 +54,7 @@ int widthOf(const QFont& font, const QString& text) {
 /// Narrows `font` as far as it is allowed and needed; tells whether the text fits then.
 bool narrow(QFont& font, const QString& text, int width) {
     const int whole = widthOf(font, text);
-    if (whole <= width)
+    if (whole <= std::max(width, 0))
         return true;
     // Rounded glyph widths make the proportion a first guess only.
     for (int stretch = std::max(narrowest, 100 * width / whole); stretch >= narrowest; --stretch) {

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <map>
 #include <regex>
 #include <set>
@@ -29,92 +28,38 @@ std::string roomOf(const fs::path& path) {
     return *folder.begin() == "window" ? folder.generic_string() : folder.begin()->string();
 }
 
-struct Source {
-    std::string room;
-    std::string text;
-    std::vector<std::string> own; ///< includes of our own headers
-    std::vector<std::string> foreign; ///< all others
-};
-
-std::map<std::string, Source> scan() {
+TEST(Architecture, ArrowsOnlyPointDownAndOnlyTheUpperRoomsKnowToolkitAndPlatform) {
     const fs::path root = KESTRELWOOD_SOURCES;
-    static const std::regex include(R"re(^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"])re");
-    std::map<std::string, Source> sources;
+    const std::regex include(R"re(^\s*#\s*include\s*([<"])([^>"]+)[>"])re");
+    const std::regex standard("[a-z_]+");
+    std::set<std::string> met;
+    int arrows = 0;
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
         const fs::path path = fs::relative(entry.path(), root);
         if (path.extension() != ".h" && path.extension() != ".cpp")
             continue;
-        Source& source = sources[path.generic_string()];
-        source.room = roomOf(path);
+        const std::string room = roomOf(path);
+        ASSERT_TRUE(Floors.contains(room)) << path << " lies in no known room";
+        met.insert(room);
+        const bool upper = ToolkitRooms.contains(room.substr(0, room.find('/')));
         std::ifstream file(entry.path());
         for (std::string line; std::getline(file, line);) {
             std::smatch found;
-            if (std::regex_search(line, found, include))
-                (found[1] == "\"" ? source.own : source.foreign).push_back(found[2]);
-            else
-                source.text += line.substr(0, line.find("//")) + "\n";
-        }
-    }
-    return sources;
-}
-
-TEST(Architecture, ArrowsOnlyPointDown) {
-    const auto sources = scan();
-    ASSERT_GT(sources.size(), 40U) << "hardly anything found below " << KESTRELWOOD_SOURCES;
-    std::set<std::string> met;
-    std::size_t arrows = 0;
-    for (const auto& [name, source] : sources) {
-        ASSERT_TRUE(Floors.contains(source.room)) << name << " lies in no known room";
-        met.insert(source.room);
-        for (const auto& header : source.own) {
-            const std::string room = roomOf(header);
+            if (!std::regex_search(line, found, include))
+                continue;
+            const std::string header = found[2];
+            if (found[1] == "<") {
+                EXPECT_TRUE(upper || std::regex_match(header, standard)) << path << line;
+                continue;
+            }
             ++arrows;
-            ASSERT_TRUE(sources.contains(header)) << name << " includes " << header;
-            EXPECT_TRUE(room == source.room || Floors.at(room) < Floors.at(source.room))
-                << name << " includes " << header;
+            const auto floor = Floors.find(roomOf(header));
+            ASSERT_TRUE(floor != Floors.end() && fs::exists(root / header)) << path << line;
+            EXPECT_TRUE(floor->first == room || floor->second < Floors.at(room)) << path << line;
         }
     }
-    EXPECT_GT(arrows, 80U);
+    EXPECT_GT(arrows, 80);
     EXPECT_EQ(met.size(), Floors.size()) << "a room has gone";
-}
-
-TEST(Architecture, OnlyTheUpperRoomsKnowToolkitAndPlatform) {
-    const std::regex foreign(R"(\b(Q[A-Z][A-Za-z]+|Qt|fluid_\w+|Q_OBJECT)\b)");
-    static const std::regex standard(R"([a-z_]+)");
-    int seen = 0;
-    for (const auto& [name, source] : scan()) {
-        std::smatch found;
-        const bool names = std::regex_search(source.text, found, foreign);
-        if (ToolkitRooms.contains(source.room.substr(0, source.room.find('/')))) {
-            seen += names;
-            continue;
-        }
-        EXPECT_FALSE(names) << name << " mentions " << found.str();
-        for (const auto& header : source.foreign)
-            EXPECT_TRUE(std::regex_match(header, standard) && !header.ends_with("fcntl"))
-                << name << " includes <" << header << ">";
-    }
-    EXPECT_GT(seen, 0) << "the toolkit isn't even found where it is";
-}
-
-TEST(Architecture, NoLoopsBetweenFiles) {
-    const auto sources = scan();
-    std::map<std::string, int> mark; // 1 on the way, 2 done
-    const std::function<void(const std::string&, const std::string&)> visit
-        = [&](const std::string& name, const std::string& way) {
-              if (mark[name] == 1)
-                  FAIL() << "loop: " << way << " > " << name;
-              if (std::exchange(mark[name], 1) == 2) {
-                  mark[name] = 2;
-                  return;
-              }
-              if (const auto found = sources.find(name); found != sources.end())
-                  for (const auto& header : found->second.own)
-                      visit(header, way + " > " + name);
-              mark[name] = 2;
-          };
-    for (const auto& [name, source] : sources)
-        visit(name, "");
 }
 
 } // namespace

@@ -15,34 +15,17 @@ using support::Stage;
 using namespace std::string_literals;
 
 TEST(Info, DeviceTypesByFileName) {
-    struct Case {
-        const char* endings;
-        const char* type;
-        bool video;
-    };
-    for (const Case& c : {Case{"mid midi rmi", "Sequencer", false}, Case{"wav", "waveaudio", false},
-             Case{"cda", "CDAudio", false}, Case{"aif aifc aiff au mp3 snd", "MPEGVideo", false},
-             Case{"wma", "MPEGVideo2", false}, Case{"mpeg mpg m1v mp2 mpa mpe", "MPEGVideo", true},
-             Case{"avi", "AVIVideo", true}, Case{"wmv", "MPEGVideo2", true},
-             Case{"ogg mi x", "MPEGVideo", false}}) {
-        std::istringstream endings(c.endings);
-        for (std::string ending; endings >> ending;) {
-            std::string upper = ending;
-            for (char& letter : upper)
-                letter = static_cast<char>(std::toupper(letter));
-            for (const auto& name :
-                {"/a b/lied." + ending, "LIED." + upper, "a.avi.mid." + ending}) {
-                bool video = !c.video;
-                EXPECT_EQ(Sound::Sound_Geraetetyp(name, video), c.type) << name;
-                EXPECT_EQ(video, c.video) << name;
-            }
-        }
+    for (const auto& [name, type, isVideo] :
+        {std::tuple("/a b/a.avi.MID", "Sequencer", false), {"a.rmi", "Sequencer", false},
+            {"a.wav", "waveaudio", false}, {"a.cda", "CDAudio", false},
+            {"a.mp3", "MPEGVideo", false}, {"a.wma", "MPEGVideo2", false},
+            {"a.mpg", "MPEGVideo", true}, {"a.AvI", "AVIVideo", true},
+            {"a.wmv", "MPEGVideo2", true}, {"a.mi", "MPEGVideo", false}, {"a.", "MPEGVideo", false},
+            {"avi", "", false}, {"/noten.mid/lied", "", false}}) {
+        bool video = !isVideo;
+        EXPECT_EQ(Sound::Sound_Geraetetyp(name, video), type) << name;
+        EXPECT_EQ(video, isVideo) << name;
     }
-    bool video = true;
-    EXPECT_EQ(Sound::Sound_Geraetetyp("avi", video), "");
-    EXPECT_FALSE(video);
-    EXPECT_EQ(Sound::Sound_Geraetetyp("lied.", video), "MPEGVideo");
-    EXPECT_EQ(Sound::Sound_Geraetetyp("/noten.mid/lied", video), "");
 }
 
 TEST(Info, ShowingPlaysFromTheBeginningAndOkStops) {
@@ -65,47 +48,40 @@ TEST(Info, RegistryValuesAsText) {
         {"k|number", {4, "\x0A\x10\x00\xFF"s}}, {"k|zero", {4, "\0\0\0\0"s}},
         {"k|long", {1, std::string(1025, 'a')}}, {"k|full", {1, std::string(1024, 'a')}},
         {"k|other", {3, "abc"}}};
-    const auto read = [&](const char* key, const char* value, std::uint32_t root = 0x80000002) {
-        std::string text = "vorher";
-        const bool done = info::GetKeyValue(registry, root, key, value, text);
+    constexpr std::uint32_t Machine = 0x80000002;
+    for (const auto& [root, key, value, text] :
+        {std::tuple(Machine, "k", "text", "C:\\x"s), {Machine, "k", "whole", "abc"},
+            {Machine, "k", "number", "&h10A"}, {Machine, "k", "zero", "&h"},
+            {Machine, "k", "full", std::string(1024, 'a')}, {Machine, "k", "other", "before"},
+            {Machine, "k", "long", ""}, {Machine, "k", "missing", ""},
+            {Machine, "none", "text", ""}, {Machine - 1, "k", "text", ""}}) {
+        std::string read = "before";
+        EXPECT_EQ(info::GetKeyValue(registry, root, key, value, read), !text.empty()) << value;
+        EXPECT_EQ(read, text);
         EXPECT_EQ(registry.open_, 0) << "a key was left open";
-        return std::pair(done, text);
-    };
-    EXPECT_EQ(read("k", "text"), std::pair(true, "C:\\x"s));
-    EXPECT_EQ(read("k", "whole"), std::pair(true, "abc"s));
-    EXPECT_EQ(read("k", "number"), std::pair(true, "&h10A"s));
-    EXPECT_EQ(read("k", "zero"), std::pair(true, "&h"s));
-    EXPECT_EQ(read("k", "full"), std::pair(true, std::string(1024, 'a')));
-    EXPECT_EQ(read("k", "other"), std::pair(true, "vorher"s));
-    EXPECT_EQ(read("k", "long"), std::pair(false, ""s));
-    EXPECT_EQ(read("k", "missing"), std::pair(false, ""s));
-    EXPECT_EQ(read("none", "text"), std::pair(false, ""s));
-    EXPECT_EQ(read("k", "text", 0x80000001), std::pair(false, ""s));
+    }
 }
 
 TEST(Info, TheWayToTheSystemInformation) {
     const std::string first = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
     const std::string second = R"(SOFTWARE\Microsoft\Shared Tools Location)";
-    const support::Registry::Value path{1, "/usr/bin/info\0"s};
-    const support::Registry::Value folder{1, "C:\\Info"};
-    struct Case {
-        bool path, folder, file, canStart;
-        std::string started;
-        bool message;
-    };
-    for (const Case& c : {Case{true, true, true, true, "/usr/bin/info", false},
-             Case{true, false, false, false, "/usr/bin/info", true},
-             Case{false, true, true, true, "C:\\Info\\MSINFO32.EXE", false},
-             Case{false, true, false, true, "", true}, Case{false, false, true, true, "", true}}) {
+    const std::vector<support::Message> sorry{
+        {"", "Systeminformationsprogramm zur Zeit nicht verfügbar.", platform::Icon::None}};
+    using Started = std::vector<std::string>;
+    for (const auto& [path, folder, file, canStart, started, message] :
+        {std::tuple(true, true, true, true, Started{"/usr/bin/info"}, false),
+            {true, false, false, false, {"/usr/bin/info"}, true},
+            {false, true, true, true, {"C:\\Info\\MSINFO32.EXE"}, false},
+            {false, true, false, true, {}, true}, {false, false, true, true, {}, true}}) {
         Stage stage;
-        if (c.path)
-            stage.registry.values[first + "|PATH"] = path;
-        if (c.folder)
-            stage.registry.values[second + "|MSINFO"] = folder;
-        if (c.file)
+        if (path)
+            stage.registry.values[first + "|PATH"] = {1, "/usr/bin/info\0"s};
+        if (folder)
+            stage.registry.values[second + "|MSINFO"] = {1, "C:\\Info"};
+        if (file)
             stage.files.content["C:\\Info\\MSINFO32.EXE"] = "";
-        stage.processes.canStart = c.canStart;
-        stage.main.inHandler = c.path; // also beside a run
+        stage.processes.canStart = canStart;
+        stage.main.inHandler = path; // also beside a run
         stage.program.Frm_Info.Visible = true;
         stage.dialogs.onMessage = [&] { // a press from outside the window system
             Frm_Info::cmdSysInfo_Click(stage.program, stage.platform);
@@ -113,15 +89,9 @@ TEST(Info, TheWayToTheSystemInformation) {
             EXPECT_TRUE(stage.program.Frm_Info.Visible);
         };
         Frm_Info::cmdSysInfo_Click(stage.program, stage.platform);
-        EXPECT_EQ(stage.processes.started,
-            c.started.empty() ? std::vector<std::string>() : std::vector{c.started});
-        EXPECT_EQ(stage.dialogs.messages,
-            std::vector<support::Message>(c.message ? 1 : 0,
-                {"", "Systeminformationsprogramm zur Zeit nicht verfügbar.",
-                    platform::Icon::None}));
-        if (c.path) {
-            EXPECT_EQ(stage.registry.opened, std::vector{first}) << "no look at the second key";
-        }
+        EXPECT_EQ(stage.processes.started, started);
+        EXPECT_EQ(stage.dialogs.messages, message ? sorry : std::vector<support::Message>());
+        EXPECT_TRUE(!path || stage.registry.opened == std::vector{first});
         EXPECT_EQ(stage.registry.open_, 0);
     }
 }
@@ -146,8 +116,7 @@ TEST(Info, TheWaterFollowsItsFormula) {
     Surface surface;
     Unterwassereffekt::createField(stage.program, surface.width, surface.height);
     ASSERT_EQ(stage.program.Wasser_Feld.cells.size(), 38U * 38U);
-    std::vector<double> shiftX(1444);
-    std::vector<double> shiftY(1444);
+    std::vector<double> shift(2888);
     int reads = 0;
     const auto time = [](int read) { return 40'000 + 0.0137 * read; };
     stage.clock.midnight = [&] { return time(reads++); };
@@ -156,19 +125,19 @@ TEST(Info, TheWaterFollowsItsFormula) {
         Unterwassereffekt::Wasser_Animieren(stage.program, stage.clock, surface);
         ASSERT_EQ(reads, 2888 * (pass + 1));
         ASSERT_EQ(surface.copies.size(), 1444U);
-        for (std::size_t cell = 0; cell < 1444; ++cell) {
-            const auto i = static_cast<int>(cell / 38);
-            const auto j = static_cast<int>(cell % 38);
-            const int read = 2888 * pass + 2 * static_cast<int>(cell);
-            shiftX[cell] += std::sin(time(read) * i) * 0.5;
-            shiftY[cell] += std::sin(time(read + 1) * j) * 0.5;
-            const Surface::Copy& copy = surface.copies[cell];
-            ASSERT_EQ(std::pair(copy.fromX, copy.fromY), std::pair(4 * i, 4 * j));
-            ASSERT_NEAR(copy.x, 4 * i + shiftX[cell], 0.5001) << "pass " << pass;
-            ASSERT_NEAR(copy.y, 4 * j + shiftY[cell], 0.5001) << "pass " << pass;
-            ASSERT_NEAR(stage.program.Wasser_Feld(i, j).VersatzX, shiftX[cell], 1e-5);
-            ASSERT_NEAR(stage.program.Wasser_Feld(i, j).VersatzY, shiftY[cell], 1e-5);
-            ASSERT_TRUE((i > 0 || copy.x == 0) && (j > 0 || copy.y == 0)) << "the edges stay";
+        for (int cell = 0; cell < 1444; ++cell) {
+            const int i = cell / 38;
+            const int j = cell % 38;
+            const int read = 2888 * pass + 2 * cell;
+            double* const at = &shift[2 * static_cast<std::size_t>(cell)];
+            at[0] += std::sin(time(read) * i) * 0.5;
+            at[1] += std::sin(time(read + 1) * j) * 0.5;
+            const auto& [fromX, fromY, x, y] = surface.copies[static_cast<std::size_t>(cell)];
+            ASSERT_EQ(std::pair(fromX, fromY), std::pair(4 * i, 4 * j));
+            ASSERT_NEAR(x, 4 * i + at[0], 0.5001) << "pass " << pass;
+            ASSERT_NEAR(y, 4 * j + at[1], 0.5001) << "pass " << pass;
+            ASSERT_NEAR(stage.program.Wasser_Feld(i, j).VersatzX, at[0], 1e-5);
+            ASSERT_NEAR(stage.program.Wasser_Feld(i, j).VersatzY, at[1], 1e-5);
         }
     }
     surface.width = 80; // smaller than what the field was made for

@@ -13,9 +13,8 @@ namespace {
 using forms::plan::Name;
 
 std::string cell(const char* what, int index, const controls::CellColors& c) {
-    return std::string(what) + " " + std::to_string(index) + ": " + std::to_string(c.ForeColor)
-        + " on " + std::to_string(c.BackColor) + ", " + std::to_string(c.ForeColorDis) + " on "
-        + std::to_string(c.BackColorDis);
+    return joined(what, " ", index, ": ", c.ForeColor, " on ", c.BackColor, ", ", c.ForeColorDis,
+        " on ", c.BackColorDis);
 }
 
 void rows(std::vector<std::string>& text, const controls::Grid& grid) {
@@ -35,10 +34,9 @@ void rows(std::vector<std::string>& text, const controls::Grid& grid) {
 
 std::vector<std::string> picture(const forms::Program& program) {
     const forms::MainForm& form = program.Frm_Main;
-    std::vector<std::string> text{"Coup " + std::to_string(form.Coup) + " Plein "
-        + std::to_string(form.Plein) + " family " + std::to_string(form.xpCombo[0].ListIndex)
-        + " codes " + std::to_string(form.Check[0].Value) + " lines "
-        + std::to_string(form.Grid[0].GridLines) + " width " + std::to_string(form.Grid[0].Width)};
+    std::vector<std::string> text{joined("Coup ", form.Coup, " Plein ", form.Plein, " family ",
+        form.xpCombo[0].ListIndex, " codes ", form.Check[0].Value, " lines ",
+        form.Grid[0].GridLines, " width ", form.Grid[0].Width)};
     for (const auto& [label, last] :
         std::array<std::pair<Name, int>, 11>{{{Name::XPLabel_N, 0}, {Name::XPLabel_R, 0},
             {Name::XPLabel_P, 0}, {Name::XPLabel_I, 0}, {Name::XPLabel_Ps, 0}, {Name::XPLabel_M, 0},
@@ -47,18 +45,18 @@ std::vector<std::string> picture(const forms::Program& program) {
         for (int i = label == Name::Label ? 4 : std::min(last, 1); i <= last; ++i)
             text.push_back(M_Chancen::captionOf(program, label, i));
     for (int n = 0; n <= 36; ++n) {
-        text.push_back(M_Chancen::captionOf(program, Name::XPLabel_Plein, n) + " in "
-            + std::to_string(M_Chancen::badgeColor(program, n)));
+        text.push_back(joined(M_Chancen::captionOf(program, Name::XPLabel_Plein, n), " in ",
+            M_Chancen::badgeColor(program, n)));
         text.push_back(cell("pad", n, M_Tableau::padColors(program, n)));
         text.push_back(cell("tableau", n, M_Tableau::tableauColors(program, n)));
     }
     for (std::size_t i : {1U, 2U})
-        text.push_back("box '" + form.Text[i].Text + "' " + std::to_string(form.Text[i].BackColor)
-            + " " + std::to_string(form.Text[i].ForeColor));
+        text.push_back(joined(
+            "box '", form.Text[i].Text, "' ", form.Text[i].BackColor, " ", form.Text[i].ForeColor));
     for (int j = 1; j <= form.Grid[0].ColumnCount(); ++j) {
         const auto& column = form.Grid[0].Column(j);
-        text.push_back("column '" + column.Caption + "' " + std::to_string(column.Width) + " "
-            + std::to_string(column.Alignment));
+        text.push_back(
+            joined("column '", column.Caption, "' ", column.Width, " ", column.Alignment));
     }
     rows(text, form.Grid[0]);
     rows(text, form.Grid[1]);
@@ -69,17 +67,12 @@ std::vector<std::string> state(const forms::Program& program) {
     const forms::MainForm& form = program.Frm_Main;
     const forms::ProgressForm& run = program.Frm_Progressbar;
     std::vector<std::string> text = picture(program);
-    for (const auto& value : {std::uint64_t{form.loaded}, std::uint64_t{form.Visible},
-             std::uint64_t{form.Enabled}, form.focusRequests, std::uint64_t{form.inHandler},
-             std::uint64_t{form.closeRequested}, form.Grid[0].ScrollRow().count,
-             static_cast<std::uint64_t>(form.Grid[0].ScrollRow().row),
-             static_cast<std::uint64_t>(form.Check[1].Value), std::uint64_t{run.Visible},
-             std::uint64_t{run.Abbruch}, std::uint64_t{run.xpButton.Enabled},
-             std::uint64_t{program.Frm_Info.Visible}, program.Frm_Info.focusRequests})
-        text.push_back(std::to_string(value));
-    text.push_back(form.Text[0].Text + "|" + form.FileName + "|"
-        + progress::statusText(run.Lbl_Status) + "|" + std::to_string(run.xpProgress.Max) + "|"
-        + std::to_string(run.xpProgress.Value));
+    text.push_back(joined(form.loaded, form.Visible, form.Enabled, form.inHandler,
+        form.closeRequested, program.Frm_Info.Visible, run.Visible, run.xpButton.Enabled, " ",
+        form.focusRequests, " ", form.Grid[0].ScrollRow().count, " ", form.Grid[0].ScrollRow().row,
+        " ", form.Check[1].Value, " ", run.Abbruch, " ", program.Frm_Info.focusRequests));
+    text.push_back(joined(form.Text[0].Text, "|", form.FileName, "|",
+        progress::statusText(run.Lbl_Status), "|", run.xpProgress.Max, "|", run.xpProgress.Value));
     return text;
 }
 
@@ -88,7 +81,7 @@ std::string difference(const std::vector<std::string>& is, const std::vector<std
         const std::string left = i < is.size() ? is[i] : "(no line)";
         const std::string right = i < wanted.size() ? wanted[i] : "(no line)";
         if (left != right)
-            return "line " + std::to_string(i) + "\n is:     " + left + "\n wanted: " + right;
+            return joined("line ", i, "\n is:     ", left, "\n wanted: ", right);
     }
     return {};
 }

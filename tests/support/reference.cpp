@@ -2,7 +2,10 @@
 // The plain program to compare with.
 #include "support/reference.h"
 
+#include "grids/families.h"
+
 #include <algorithm>
+#include <tuple>
 
 namespace support {
 
@@ -13,6 +16,35 @@ constexpr unsigned RedColor = 255;
 constexpr unsigned GreenColor = 255 * 256;
 constexpr unsigned ClothColor = 192 * 256;
 constexpr unsigned WhiteColor = 16777215;
+
+/// The captions of the families, by which they also place their marks.
+const std::vector<std::string> Told{"Cp/NR N Z R", "Cp/PI P Z I", "Cp/PsM Ps Z M", "Cp/K K1 K2 K3",
+    "Cp/D D1 D2 D3", "Cp/TVS 1 2 3 4 5 6 # 7 8 9 10 11",
+    "Cp/TVP 1 2 3 4 5 6 7 8 9 10 11 12 # 13 14"};
+
+/// A family that isn't told of here, as the program has it.
+const grids::Family* further(int family) {
+    const auto index = static_cast<std::size_t>(family);
+    return index < Told.size() ? nullptr : &grids::Families.at(index);
+}
+
+/// The captions of a family's columns, from index 1.
+std::vector<std::string> heads(int family) {
+    std::vector<std::string> all{""};
+    if (const auto* other = further(family)) {
+        all.emplace_back(other->serialCaption);
+        for (const grids::Captions& some : other->captions)
+            for (int i = 0; i <= some.last - some.first; ++i)
+                all.push_back(
+                    some.number == 0 ? joined(some.text) : joined(some.text, some.number + i));
+        return all;
+    }
+    std::istringstream told(Told[static_cast<std::size_t>(family)]);
+    for (std::string head; told >> head;)
+        all.push_back(head);
+    all[1].replace(2, 1, " / ");
+    return all;
+}
 
 bool inTvs(int t, int n) {
     const int first = t <= 6 ? 6 * t - 5 : 6 * (t - 7) + 4;
@@ -28,8 +60,8 @@ bool inTvp(int t, int n) {
 }
 
 std::string cell(const char* what, int index, unsigned text, unsigned ground) {
-    const std::string colors = std::to_string(text) + " on " + std::to_string(ground);
-    return std::string(what) + " " + std::to_string(index) + ": " + colors + ", " + colors;
+    const std::string colors = joined(text, " on ", ground);
+    return joined(what, " ", index, ": ", colors, ", ", colors);
 }
 
 } // namespace
@@ -60,27 +92,28 @@ std::array<std::string, 12> codes(int n) {
 
 std::array<std::string, 17> marks(int family, bool asCodes, int n) {
     std::array<std::string, 17> row;
-    const auto put = [&](int column, const std::string& code) {
-        row[static_cast<std::size_t>(column)] = asCodes ? code : std::to_string(n);
+    const auto put = [&](std::size_t column, const std::string& code) {
+        row[column] = asCodes ? code : std::to_string(n);
     };
-    if (family <= 2 && n == 0)
-        put(3, "Z");
-    else if (family == 0)
-        Red.contains(n) ? put(4, "R") : put(2, "N");
-    else if (family == 1)
-        n % 2 == 0 ? put(2, "P") : put(4, "I");
-    else if (family == 2)
-        n >= 19 ? put(2, "Ps") : put(4, "M");
-    else if (family <= 5 && n == 0)
-        for (int column = 2; column <= (family == 5 ? 13 : 4); ++column)
-            put(column, "Z");
-    else if (family <= 4) {
-        const int value = family == 3 ? (n - 1) % 3 + 1 : (n - 1) / 12 + 1;
-        put(value + 1, std::to_string(value));
-    } else
-        for (int t = 1; t <= (family == 5 ? 11 : 14); ++t)
-            if (family == 5 ? inTvs(t, n) : inTvp(t, n))
-                put(t + (t <= (family == 5 ? 6 : 12) ? 1 : 2), std::to_string(t));
+    if (const auto* other = further(family)) {
+        for (const grids::Rule& rule : other->rules)
+            for (int column = rule.first; column <= rule.last; ++column)
+                if (codes(n)[static_cast<std::size_t>(rule.tableColumn)] == rule.code)
+                    put(static_cast<std::size_t>(column), std::string(rule.code));
+        return row;
+    }
+    static const std::array<std::string, 7> numbered{"", "", "", "K", "D", "TVS", "TVP"};
+    const std::string& chance = numbered[static_cast<std::size_t>(family)];
+    const auto shown = heads(family);
+    for (std::size_t j = 2; j < shown.size(); ++j) {
+        const std::string index = shown[j].substr(family == 3 || family == 4 ? 1 : 0);
+        if (n == 0 && family < 6) { // a zero belongs to none and is marked in all
+            if (family >= 3 || index == "Z")
+                put(j, "Z");
+        } else if (index != "Z" && index != "#"
+            && (family < 3 ? members(index, 0) : members(chance, std::stoi(index))).contains(n))
+            put(j, index);
+    }
     return row;
 }
 
@@ -158,23 +191,18 @@ void Reference::resort() {
 }
 
 void Reference::choose(int entry) {
-    static const std::array<std::vector<std::string>, 7> shown{{
-        {"Cp / NR", "N", "Z", "R"},
-        {"Cp / PI", "P", "Z", "I"},
-        {"Cp / PsM", "Ps", "Z", "M"},
-        {"Cp / K", "K1", "K2", "K3"},
-        {"Cp / D", "D1", "D2", "D3"},
-        {"Cp / TVS", "1", "2", "3", "4", "5", "6", "#", "7", "8", "9", "10", "11"},
-        {"Cp / TVP", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "#", "13",
-            "14"},
-    }};
     family = entry;
-    const auto& texts = shown[static_cast<std::size_t>(entry)];
-    std::copy(texts.begin(), texts.end(), captions.begin() + 1);
-    width = entry < 5 ? (lines ? 2075 : 2010)
-        : entry == 5  ? (lines ? 4910 : 4710)
-                      : (lines ? 5870 : 5610);
+    const auto shown = heads(entry);
+    std::copy(shown.begin() + 1, shown.end(), captions.begin() + 1);
     resort();
+}
+
+int Reference::width() const {
+    if (const auto* other = further(family))
+        return lines ? other->widthWithLines : other->width;
+    return family < 5 ? (lines ? 2075 : 2010)
+        : family == 5 ? (lines ? 4910 : 4710)
+                      : (lines ? 5870 : 5610);
 }
 
 void Reference::toggleCodes() {
@@ -184,7 +212,6 @@ void Reference::toggleCodes() {
 
 void Reference::toggleLines() {
     lines = !lines;
-    width += (lines ? 1 : -1) * (family < 5 ? 65 : family == 5 ? 200 : 260);
 }
 
 void Reference::mark(int which, int value) {
@@ -200,34 +227,21 @@ void Reference::clearMark(int which) {
 }
 
 std::vector<std::string> Reference::picture() const {
-    std::vector<std::string> text{"Coup " + std::to_string(coups.size()) + " Plein "
-        + std::to_string(plein) + " family " + std::to_string(family) + " codes "
-        + std::to_string(asCodes) + " lines " + std::to_string(lines ? 3 : 0) + " width "
-        + std::to_string(width)};
-    const auto fallen = [&](int n) { return std::count(coups.begin(), coups.end(), n); };
-    const auto counted = [&](const std::string& chance, const std::string& name, int index) {
-        const auto set = members(chance, index);
-        const auto count
-            = std::count_if(coups.begin(), coups.end(), [&](int n) { return set.contains(n); });
-        text.push_back(" " + (index > 0 ? std::to_string(index) + "." : "") + name + "= "
-            + std::to_string(count));
-    };
-    counted("N", "Noir", 0);
-    counted("R", "Rouge", 0);
-    counted("P", "Pair", 0);
-    counted("I", "Impair", 0);
-    counted("Ps", "Passe", 0);
-    counted("M", "Manque", 0);
-    for (const auto& [chance, last] :
-        std::array<std::pair<const char*, int>, 4>{{{"K", 3}, {"D", 3}, {"TVS", 11}, {"TVP", 14}}})
-        for (int i = 1; i <= last; ++i)
-            counted(chance, chance, i);
-    text.push_back("gefallene Pleins: "
-        + std::to_string(std::set<int>(coups.begin(), coups.end()).size()) + " / 37 ");
+    std::vector<std::string> text{joined("Coup ", coups.size(), " Plein ", plein, " family ",
+        family, " codes ", asCodes, " lines ", lines ? 3 : 0, " width ", width())};
+    for (const auto& [chance, name, last] : {std::tuple("N", "Noir", 0), {"R", "Rouge", 0},
+             {"P", "Pair", 0}, {"I", "Impair", 0}, {"Ps", "Passe", 0}, {"M", "Manque", 0},
+             {"K", "K", 3}, {"D", "D", 3}, {"TVS", "TVS", 11}, {"TVP", "TVP", 14}})
+        for (int i = std::min(last, 1); i <= last; ++i) {
+            const auto set = members(chance, i);
+            text.push_back(joined(" ", i > 0 ? joined(i, ".") : "", name, "= ",
+                std::count_if(coups.begin(), coups.end(), [&](int n) { return set.contains(n); })));
+        }
+    text.push_back(
+        joined("gefallene Pleins: ", std::set<int>(coups.begin(), coups.end()).size(), " / 37 "));
     for (int n = 0; n <= 36; ++n) {
-        const auto count = fallen(n);
-        text.push_back(
-            std::to_string(count) + " in " + std::to_string(count > 0 ? WhiteColor : 0x80000011));
+        const auto count = std::count(coups.begin(), coups.end(), n);
+        text.push_back(joined(count, " in ", count > 0 ? WhiteColor : 0x80000011));
         const unsigned own = numberColor(n);
         const bool last = !coups.empty() && plein == n;
         const bool marked = (!box[1].empty() && count == std::stoi(box[1]))
@@ -236,10 +250,9 @@ std::vector<std::string> Reference::picture() const {
         text.push_back(cell("tableau", n, marked ? WhiteColor : own, marked ? own : ClothColor));
     }
     for (std::size_t i : {1U, 2U})
-        text.push_back(
-            "box '" + box[i] + "' " + std::to_string(back[i]) + " " + std::to_string(fore[i]));
+        text.push_back(joined("box '", box[i], "' ", back[i], " ", fore[i]));
     for (std::size_t j = 1; j <= 16; ++j)
-        text.push_back("column '" + captions[j] + "' " + (j == 1 ? "800 0" : "300 2"));
+        text.push_back(joined("column '", captions[j], "' ", j == 1 ? "800 0" : "300 2"));
     for (const Row& row : view)
         text.push_back(line(row, 16));
     for (const Row& row : store)

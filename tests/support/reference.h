@@ -6,10 +6,19 @@
 #include <array>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 namespace support {
+
+/// Everything, one after the other, as a text.
+template <class... Parts>
+std::string joined(const Parts&... parts) {
+    std::ostringstream all;
+    (all << ... << parts);
+    return all.str();
+}
 
 /// A grid row, cells 1 to 16 (or fewer).
 struct Row {
@@ -43,7 +52,6 @@ struct Reference {
     std::array<unsigned, 3> back{0x80000005, 0x80000005, 0x80000005};
     std::array<unsigned, 3> fore{0x80000008, 0x80000008, 0x80000008};
     std::array<std::string, 17> captions;
-    int width = 0;
     std::vector<Row> view;
     std::vector<Row> store;
 
@@ -61,6 +69,7 @@ struct Reference {
     std::vector<std::string> picture() const;
 
 private:
+    int width() const;
     void resort();
 };
 

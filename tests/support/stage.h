@@ -3,6 +3,7 @@
 #pragma once
 
 #include "shell/handlers.h"
+#include "support/reference.h"
 #include "support/surroundings.h"
 
 #include <string>
@@ -68,6 +69,11 @@ std::vector<std::string> state(const forms::Program& program);
 
 /// Nothing, or the first line in which two pictures differ.
 std::string difference(const std::vector<std::string>& is, const std::vector<std::string>& wanted);
+
+/// The first line in which a program's picture differs from that of the plain one.
+inline std::string differs(const forms::Program& program, const Reference& reference) {
+    return difference(picture(program), reference.picture());
+}
 
 /// The numbers of the permanence, as the store holds them.
 std::vector<int> numbers(const forms::Program& program);
