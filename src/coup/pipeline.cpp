@@ -39,7 +39,7 @@ controls::RowPattern storeRow(int number) {
 }
 
 /// Takes in coups from the front of `numbers` as long as their rows are ready-made and the grids
-/// have room; tells how many.
+/// have room; returns how many.
 std::size_t takeReadyCoups(Program& program, std::span<const std::uint8_t> numbers) {
     forms::MainForm& form = program.Frm_Main;
     const std::size_t count

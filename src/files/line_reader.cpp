@@ -65,8 +65,8 @@ std::string_view LineReader::withoutByteOrderMark(std::string_view block) {
     return block;
 }
 
-/// Reads usual lines from the beginning of a line on; gives what is left, which begins with a line
-/// that is unusual or too near to the end of the block.
+/// Reads usual lines from the beginning of a line on; returns what is left, which begins with a
+/// line that is unusual or too near to the end of the block.
 std::string_view LineReader::wholeLines(std::string_view block) {
     if constexpr (std::endian::native != std::endian::little)
         return block;

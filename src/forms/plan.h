@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where every control stands and how it looks at first, back to front unless told otherwise.
+// Where every control stands and how it looks at first, back to front unless stated otherwise.
 #pragma once
 
 #include "chances/chancentabelle.h"
@@ -17,7 +17,7 @@ using controls::Rect;
 using controls::rgb;
 using controls::Twips;
 
-/// The controls by their names; an index tells the members of an array apart.
+/// The controls by their names; an index distinguishes the members of an array.
 enum class Name {
     Frm_Main,
     xpFrame,
@@ -68,13 +68,13 @@ struct Control {
     std::string_view caption{};
     Font font{};
     Color foreColor = controls::Black;
-    std::string_view toolTip{}; ///< also what a screen reader tells of the control's job
+    std::string_view toolTip{}; ///< also a screen reader's description of the control
     std::string_view
         spoken{}; ///< its name for a screen reader, where it shows none or not all of it
 };
 
-/// The row of a control in a form's table. A table without it is no program: no build, or an
-/// exception where the name is only known at run time.
+/// The row of a control in a form's table. A missing row is a bug: no build, or out_of_range at run
+/// time.
 template <class Rows>
 constexpr const Control& rowOf(const Rows& rows, Name name, int index = 0) {
     for (const Control& row : rows)
@@ -143,7 +143,7 @@ inline constexpr std::array Panels{
     Control{Name::xpFrame, 3, {7800, 0, 7275, 10335}, "Tableau", PanelFont, PanelCaptionColor},
 };
 
-// Within a panel the rows stand in tab order, and what lies in front of another follows it.
+// Rows are in tab order; what lies in front comes later.
 
 /// The panel "Eingabe".
 inline constexpr std::array Eingabe{

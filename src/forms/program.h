@@ -23,7 +23,7 @@ struct Counters {
     std::array<std::int64_t, chances::NumberCount> Anz_Plein{};
 };
 
-/// The tableau as it was painted last.
+/// What stands out on pad and tableau, as settled last.
 struct TableauPicture {
     chances::NumberSet marked = 0; ///< number cells that stand out by how often they fell
     int last = -1; ///< the pad cell of the last number, -1 for none

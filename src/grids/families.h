@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The chance families, a row each: the shape that a family gives the sorted view, and the rules by
-// which it places a coup. A further family is one more row here and one more name in chances/.
+// The chance families, a row each: the shape of the sorted view, and the rules by which a family
+// places a coup. A further family is one more row here; a code that the Chancentabelle lacks needs
+// a column there.
 #pragma once
 
 #include "chances/chancentabelle.h"

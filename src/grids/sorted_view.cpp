@@ -92,8 +92,7 @@ void resortRow(Program& program, std::int64_t row) {
     forms::readyRows(program).learnResort(form.Grid[1].patternOf(row), before, after);
 }
 
-/// Re-sorts the rows `first` to `last`. A row whose new look memory can't hold keeps its old one,
-/// and the work goes on.
+/// Re-sorts the rows `first` to `last`. If memory fails for a row, it keeps its marks.
 void resortRows(Program& program, std::int64_t first, std::int64_t last) {
     forms::MainForm& form = program.Frm_Main;
     for (std::int64_t row = first; row <= last;) {

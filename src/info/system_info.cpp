@@ -84,7 +84,7 @@ void StartSysInfo(platform::Platform& platform) {
         const auto path = programPath(platform);
         started = path && platform.processes.start(*path);
     } catch (const std::bad_alloc&) {
-        // Memory that fails is one more way to have no such program.
+        // Out of memory counts as: no such program.
     }
     if (!started)
         platform.dialogs.message(

@@ -46,8 +46,8 @@ bool takesInput(const forms::InfoForm& form) {
     return form.Visible && !form.inHandler;
 }
 
-/// Holds a form while one of its handlers is at work, so that no other one can start: not behind a
-/// message that is open either.
+/// Holds a form while one of its handlers is at work, so that no other one can start, not even
+/// while a message is open.
 class Hold {
 public:
     explicit Hold(bool& inHandler) : inHandler_(inHandler) { inHandler_ = true; }
@@ -59,8 +59,8 @@ private:
     bool& inHandler_;
 };
 
-/// Runs a handler to its end with the main form held. A shutdown asked for meanwhile follows
-/// behind.
+/// Runs a handler to its end with the main form held. A shutdown asked for meanwhile is
+/// carried out afterwards.
 template <class Handler>
 void withFormHeld(Program& program, Platform& platform, Handler handler) {
     forms::MainForm& form = program.Frm_Main;
