@@ -21,7 +21,7 @@ public:
     int x(qreal logical) const { return rounded(rest_.x() + logical * scale_); }
     int y(qreal logical) const { return rounded(rest_.y() + logical * scale_); }
 
-    /// Makes the painter that they were taken from count like x() and y().
+    /// Puts the painter into device pixels.
     void adoptBy(QPainter& painter) const {
         painter.scale(1 / scale_, 1 / scale_);
         painter.translate(-rest_);

@@ -51,7 +51,7 @@ int widthOf(const QFont& font, const QString& text) {
     return QFontMetrics(font).horizontalAdvance(text);
 }
 
-/// Narrows `font` as far as it is allowed and needed; tells whether the text fits then.
+/// Narrows `font` as far as it is allowed and needed; returns whether the text fits then.
 bool narrow(QFont& font, const QString& text, int width) {
     const int whole = widthOf(font, text);
     if (whole <= width)

@@ -33,7 +33,7 @@ void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, 
         window = std::make_unique<Window>(session, owner...);
 }
 
-/// The toolkit tells a frame as a window's.
+/// The toolkit announces a frame with a wrong role.
 QAccessibleInterface* pictureAccessible(const QString& /*className*/, QObject* object) {
     auto* surface = qobject_cast<WaterSurface*>(object);
     return surface ? new QAccessibleWidget(surface, QAccessible::Graphic) : nullptr;

@@ -36,7 +36,7 @@ std::chrono::nanoseconds Clock::coarse() {
 }
 
 double Clock::secondsSinceMidnight() {
-    // Every draw of a long series asks, and the time zone is by far the dearest part of the answer.
+    // The water asks twice per cell, and the time zone is by far the dearest part of the answer.
     // Local time is changed on full quarters of an hour only, so one look at it serves till then.
     std::timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
@@ -76,7 +76,7 @@ std::uint64_t Processes::memoryLeft() {
 }
 
 void Processes::end() {
-    // Leaves all event loops, those of modal dialogs too, each behind the event it is serving.
+    // Leaves all event loops, those of modal dialogs too, each after the event it is serving.
     QCoreApplication::exit(0);
 }
 

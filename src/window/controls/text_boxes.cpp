@@ -78,7 +78,7 @@ bool CountBox::passes(QChar typed) const {
 void CountBox::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         passes(QChar(enter));
-        // What was typed is done with. The undo key means the coups from here on.
+        // The text is committed; undo now means coups.
         setText(text());
         return;
     }

@@ -36,7 +36,7 @@ namespace {
 constexpr int undoButton = 0;
 constexpr int resetButton = 1;
 constexpr int TableauPanel = 3;
-constexpr int labelGap = 2; // pixels between a label and the control behind it
+constexpr int labelGap = 2; // pixels between a label and the control after it
 
 /// The frame a window manager usually draws, until the real one is known.
 constexpr QMargins likelyFrame(4, 30, 4, 4);
@@ -45,7 +45,7 @@ bool besideEachOther(const controls::Rect& one, const controls::Rect& other) {
     return one.top < other.bottom() && other.top < one.bottom();
 }
 
-/// The width in pixels from a label's left edge to what stands behind it: the next control, or
+/// The width in pixels from a label's left edge to what stands after it: the next control, or
 /// the panel's edge.
 int roomOf(
     const plan::Control& label, std::span<const plan::Control> neighbours, const QWidget& panel) {
@@ -159,8 +159,7 @@ QWidget* MainWindow::buildTextBox(const plan::Control& control, QWidget* panel) 
 QWidget* MainWindow::buildButton(const plan::Control& control, QWidget* panel) {
     auto* button = new CommandButton(control, panel);
     if (control.index == resetButton) {
-        // Its letter is the undo button's. With two owners the key would press neither, and the
-        // one that can't be taken back must not be the lucky one.
+        // A shared key presses neither; reset can't be undone, so it gets none.
         button->setText(button->text().remove(u'&'));
         button->setShortcut({});
     }

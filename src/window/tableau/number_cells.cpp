@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Drawing and wording of number cells.
 #include "window/tableau/number_cells.h"
-#include "look/text.h"
 
 #include "chances/chancentabelle.h"
+#include "look/text.h"
 #include "stats/counters.h"
 #include "stats/tableau.h"
 
@@ -30,8 +30,8 @@ double luminance(const QColor& color) {
         + 0.0722 * linear(color.blueF());
 }
 
-/// Red and black get a white edge, so that red never looks like black to eyes that don't tell red
-/// from green; the light colours get a black one.
+/// Red and black get a white edge, so that red never looks like black to eyes that confuse red
+/// and green; the light colours get a black one.
 QColor edgeFor(const QColor& fore) {
     const bool dark
         = fore == look::toColor(controls::Red) || fore == look::toColor(controls::Black);

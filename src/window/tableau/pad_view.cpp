@@ -80,7 +80,7 @@ void PadView::refresh() {
         cell.colors = colors;
         cell.count = count;
     }
-    // Nobody can listen to the single coups of a long run; its end is told.
+    // Nobody can listen to the single coups of a long run; its end is announced.
     if (takesInput())
         tellChanges();
     else
@@ -263,7 +263,7 @@ void PadView::typeDigit(int digit) {
 void PadView::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     updateCell(current_);
-    // The toolkit tells of the widget's focus behind this event; the cell has the last word.
+    // The toolkit announces the widget's focus after this event; the cell comes last.
     QMetaObject::invokeMethod(this, &PadView::tellFocus, Qt::QueuedConnection);
 }
 

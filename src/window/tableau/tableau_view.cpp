@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Painting of the roulette layout.
+// Painting of the tableau.
 #include "window/tableau/tableau_view.h"
-#include "look/text.h"
 
+#include "look/text.h"
 #include "stats/counters.h"
 #include "stats/tableau.h"
 
@@ -30,7 +30,7 @@ constexpr int badgeBottom = 3; // pixels from the digits to the lower edge
 constexpr int badgeMargin = 1; // pixels beside the widest count
 constexpr int labelIndent = 2; // pixels before a caption, which begins with a blank itself
 
-/// An outline as wide as told, half of it within the rectangle.
+/// An outline of a width, half of it within the rectangle.
 void drawOutline(QPainter& painter, const QRect& rect, int width, const QColor& color) {
     const int out = width / 2;
     const int in = width - out;
@@ -56,7 +56,7 @@ QPointF toPoint(controls::Twips x, controls::Twips y) {
     return {static_cast<qreal>(controls::toPixels(x)), static_cast<qreal>(controls::toPixels(y))};
 }
 
-void drawLayout(QPainter& painter) {
+void drawGround(QPainter& painter) {
     std::for_each(plan::Shapes.rbegin(), plan::Shapes.rend(),
         [&](const plan::Shape& shape) { drawShape(painter, shape); });
     painter.save();
@@ -97,7 +97,7 @@ void TableauView::refresh() {
         refreshLabel(i);
     for (int number = 0; number < chances::NumberCount; ++number)
         refreshCell(number);
-    // Nobody can listen to the single coups of a long run; its end is told.
+    // Nobody can listen to the single coups of a long run; its end is announced.
     if (program().Frm_Main.Enabled)
         tellChanges();
     else
@@ -194,7 +194,7 @@ void TableauView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     // Items hide what lies behind them; a run changes little else.
     if (!event->region().subtracted(covered_).isEmpty())
-        drawLayout(painter);
+        drawGround(painter);
     for (int number = 0; number < chances::NumberCount; ++number)
         if (event->region().intersects(itemRect(FirstNumber + number)))
             drawCell(painter, number);
