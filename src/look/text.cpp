@@ -14,9 +14,9 @@ namespace look {
 
 namespace {
 
-constexpr int narrowest = 80; // percent
-constexpr int smallest = 8; // pixels
-constexpr QChar ellipsis(0x2026);
+constexpr int Narrowest = 80; // percent
+constexpr int Smallest = 8; // pixels
+constexpr QChar Ellipsis(0x2026);
 
 using forms::plan::Name;
 
@@ -26,7 +26,7 @@ struct Row {
     bool array;
 };
 
-constexpr std::array rows{
+constexpr std::array Rows{
     Row{Name::Frm_Main, "Frm_Main", false},
     Row{Name::xpFrame, "xpFrame", true},
     Row{Name::Label, "Label", true},
@@ -57,7 +57,7 @@ bool narrow(QFont& font, const QString& text, int width) {
     if (whole <= width)
         return true;
     // Rounded glyph widths make the proportion a first guess only.
-    for (int stretch = std::max(narrowest, 100 * width / whole); stretch >= narrowest; --stretch) {
+    for (int stretch = std::max(Narrowest, 100 * width / whole); stretch >= Narrowest; --stretch) {
         font.setStretch(stretch);
         if (widthOf(font, text) <= width)
             return true;
@@ -68,7 +68,7 @@ bool narrow(QFont& font, const QString& text, int width) {
 } // namespace
 
 QString controlName(Name name, int index) {
-    for (const Row& row : rows)
+    for (const Row& row : Rows)
         if (row.name == name)
             return row.array ? QStringLiteral("%1(%2)").arg(toText(row.text)).arg(index)
                              : toText(row.text);
@@ -83,7 +83,7 @@ Fit fitted(const QFont& font, const QString& text, int width) {
     QFont attempt = font;
     if (narrow(attempt, text, width))
         return {attempt, text};
-    for (int size = font.pixelSize() - 1; size >= smallest; --size) {
+    for (int size = font.pixelSize() - 1; size >= Smallest; --size) {
         attempt.setPixelSize(size);
         if (widthOf(attempt, text) <= width)
             return {attempt, text};
@@ -92,7 +92,7 @@ Fit fitted(const QFont& font, const QString& text, int width) {
 }
 
 Fit refitted(const Fit& last, const QFont& font, const QString& text, int width) {
-    const bool alike = text.size() == last.text.size() && !last.text.endsWith(ellipsis);
+    const bool alike = text.size() == last.text.size() && !last.text.endsWith(Ellipsis);
     if (alike && widthOf(last.font, text) <= width)
         return {last.font, text};
     return fitted(font, text, width);

@@ -22,7 +22,7 @@ namespace window {
 
 namespace {
 
-constexpr int frameTime = 16; // milliseconds
+constexpr int FrameTime = 16; // milliseconds
 
 /// Creates or drops a form's window.
 template <class Window, class... Owner>
@@ -75,14 +75,14 @@ int Application::run() {
 }
 
 bool Application::refreshIfDue() {
-    const bool due = sinceRefresh_.elapsed() >= frameTime;
+    const bool due = sinceRefresh_.elapsed() >= FrameTime;
     if (due)
         refresh();
     return due;
 }
 
 void Application::refreshInTime() {
-    const auto left = frameTime - sinceRefresh_.elapsed();
+    const auto left = FrameTime - sinceRefresh_.elapsed();
     try {
         if (!refreshIfDue() && !nextFrame_.isActive())
             nextFrame_.start(static_cast<int>(left)); // waking up is all it has to do
