@@ -103,8 +103,9 @@ void Frm_Start::Form_Load(Program& program) {
 
 void Frm_Start::Timer1_Timer(Program& program) {
     forms::StartForm& form = program.Frm_Start;
-    if (++form.Ticks != TicksToMain)
+    if (program.Frm_Main.loaded || ++form.Ticks < TicksToMain)
         return;
+    program.Frm_Main = {}; // a tick whose memory failed may have left a part
     Frm_Main::Form_Load(program);
     program.Frm_Main.Visible = true;
     form.timer1Enabled = false;
