@@ -9,7 +9,7 @@
 namespace chances {
 
 inline constexpr int NumberCount = 37;
-inline constexpr int ColumnCount = 11;
+inline constexpr int TableColumnCount = 11;
 
 /// Columns of the table, counted from 1.
 enum Column {
@@ -26,7 +26,7 @@ enum Column {
     TvpFourteen = 11,
 };
 
-using Row = std::array<std::string_view, ColumnCount>;
+using Row = std::array<std::string_view, TableColumnCount>;
 
 /// The table by number. Empty: the column doesn't apply. Colours, columns, dozens and transversals
 /// are those of the French table; 1 and 2 share one row of three with the zero, 2 and 3 another.

@@ -119,7 +119,7 @@ inline int numberOf(const MainForm& form, std::int64_t row) {
 }
 
 /// The ready-made rows, less what no longer fits the grids, the family or the mode.
-inline ReadyRows& readyRows(Program& program) {
+inline ReadyRows& currentRows(Program& program) {
     const MainForm& form = program.Frm_Main;
     program.readyRows.adopt(
         form.Grid[0], form.Grid[1], form.xpCombo[0].ListIndex, form.Check[0].Value);

@@ -72,7 +72,8 @@ private:
     };
 
     Origin origin_;
-    std::array<std::array<Change, chances::NumberCount>, 3> change_; ///< by step and number
+    std::array<std::array<Change, chances::NumberCount>, static_cast<std::size_t>(Step::Marks) + 1>
+        change_; ///< by step and number
     std::vector<controls::IdChange> resorted_; ///< by the store row's pattern
 };
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <string_view>
 
 namespace look {
@@ -72,6 +73,7 @@ QString controlName(Name name, int index) {
         if (row.name == name)
             return row.array ? QStringLiteral("%1(%2)").arg(toText(row.text)).arg(index)
                              : toText(row.text);
+    assert(false && "a name of the plan needs a row above");
     return {};
 }
 
