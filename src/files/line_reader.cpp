@@ -2,6 +2,7 @@
 // Reading the lines of a permanence file.
 #include "files/line_reader.h"
 
+#include "chances/chancentabelle.h"
 #include "files/fast_line.h"
 
 #include <array>
@@ -13,7 +14,7 @@ namespace files {
 
 namespace {
 
-constexpr unsigned HighestNumber = 36;
+constexpr unsigned HighestNumber = chances::NumberCount - 1;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr unsigned NoMarkAnyMore = 4;
 

@@ -25,7 +25,9 @@ public:
     void finish();
 
     /// The numbers of the valid lines so far.
-    controls::Chunked<std::uint8_t>& numbers() { return numbers_; }
+    const controls::Chunked<std::uint8_t>& numbers() const { return numbers_; }
+    /// Frees the memory of numbers before `index`, which have been used.
+    void release(std::int64_t index) { numbers_.release(index); }
 
 private:
     enum class Place { Start, Number, After, Invalid };

@@ -2,6 +2,8 @@
 // The random generator of the drawn series.
 #pragma once
 
+#include "chances/chancentabelle.h"
+
 #include <chrono>
 #include <cstdint>
 
@@ -27,8 +29,8 @@ inline std::uint32_t draw(std::uint64_t state) {
 }
 
 /// The number of a draw, 0 to 36: bits * 37 / 2^24, rounded down.
-constexpr int numberOf(std::uint32_t draw) {
-    return static_cast<int>(draw * 37 >> 24);
+constexpr int toNumber(std::uint32_t draw) {
+    return static_cast<int>(draw * chances::NumberCount >> 24);
 }
 
 } // namespace files

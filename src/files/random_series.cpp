@@ -41,7 +41,7 @@ void drawSeries(forms::Program& program, platform::Platform& platform) {
             const auto numbers = std::span(drawn).first(static_cast<std::size_t>(most));
             for (std::uint8_t& number : numbers) {
                 files::seed(program.random, platform.clock.coarse());
-                number = static_cast<std::uint8_t>(files::numberOf(files::draw(program.random)));
+                number = static_cast<std::uint8_t>(files::toNumber(files::draw(program.random)));
             }
             return numbers;
         });

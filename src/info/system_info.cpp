@@ -42,8 +42,8 @@ std::string numberText(std::string_view bytes) {
 
 std::optional<std::string> programPath(platform::Platform& platform) {
     std::string value;
-    if (GetKeyValue(platform.registry, HkeyLocalMachine,
-            R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)", "PATH", value))
+    if (GetKeyValue(platform.registry, HkeyLocalMachine, SystemInformationKey,
+            SystemInformationPath, value))
         return value;
     if (!GetKeyValue(platform.registry, HkeyLocalMachine,
             R"(SOFTWARE\Microsoft\Shared Tools Location)", "MSINFO", value))

@@ -19,7 +19,7 @@ TEST(Grid, RowNumbersAndBareRows) {
     grid.AddRow("1");
     grid.AddRow("7"); // not its own number: must not follow the row
     grid.AddRow("");
-    EXPECT_EQ(grid.patternNumbers(), 3U);
+    EXPECT_EQ(grid.patternIds(), 3U);
     grid.AddRow("4");
     EXPECT_EQ(grid.patternOf(4), grid.patternOf(1)) << "rows with their own number share a pattern";
     grid.Row(2).Cell(1, "2");
@@ -78,7 +78,7 @@ TEST(Grid, UnusedPatternsAreSweptAndTheirNumbersUsedAgain) {
         const std::size_t row = random() % 100;
         wanted[row] = std::to_string(i);
         grid.Row(static_cast<std::int64_t>(row) + 1).Cell(3, wanted[row]);
-        ASSERT_LE(grid.patternNumbers(), 256U);
+        ASSERT_LE(grid.patternIds(), 256U);
         for (std::size_t r = 0; i % 500 == 0 && r < 100; ++r)
             ASSERT_EQ(grid.Row(static_cast<std::int64_t>(r) + 1).Cell(3), wanted[r]) << i;
     }

@@ -2,6 +2,7 @@
 // Clocks, other programs, and what stands for the registry.
 #include "desktop/linux/system.h"
 
+#include "info/system_info.h"
 #include "look/style.h"
 #include "look/text.h"
 
@@ -82,9 +83,6 @@ void Processes::end() {
 
 namespace {
 
-constexpr std::uint32_t LocalMachine = 0x80000002;
-constexpr std::string_view SystemInformationKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
-constexpr std::string_view PathValue = "PATH";
 constexpr platform::Registry::Key OnlyKey = 1;
 
 /// Programs that show the system's information when started without arguments or privileges. Those
@@ -104,14 +102,15 @@ std::string systemInformation() {
 } // namespace
 
 std::optional<platform::Registry::Key> Registry::open(std::uint32_t root, std::string_view name) {
-    if (root != LocalMachine || name != SystemInformationKey || systemInformation().empty())
+    if (root != info::HkeyLocalMachine || name != info::SystemInformationKey
+        || systemInformation().empty())
         return std::nullopt;
     return OnlyKey;
 }
 
 std::optional<std::uint32_t> Registry::query(
     Key key, std::string_view value, std::span<char> buffer, std::size_t& size) {
-    if (key != OnlyKey || value != PathValue)
+    if (key != OnlyKey || value != info::SystemInformationPath)
         return std::nullopt;
     const std::string path = systemInformation();
     size = path.size() + 1; // texts end with a NUL
