@@ -172,7 +172,7 @@ Bare bareDraw(std::int64_t count) {
         store.room(64);
         for (const std::int64_t end = std::min<std::int64_t>(i + 64, count); i < end; ++i) {
             files::seed(state, std::chrono::nanoseconds(i));
-            const auto value = static_cast<unsigned>(files::numberOf(files::draw(state)));
+            const auto value = static_cast<unsigned>(files::toNumber(files::draw(state)));
             store.add(value);
             ++counts[value];
         }

@@ -58,7 +58,7 @@ public:
         Frm_Main::xpButton_Click(program_, platform_, 2);
     }
     void draw(std::int64_t count) {
-        Frm_Main::Text_Change(program_, 0, std::to_string(count));
+        Frm_Main::Text_Change(program_, platform_, 0, std::to_string(count));
         std::int16_t enter = 13;
         Frm_Main::Text_KeyPress(program_, platform_, 0, enter);
     }

@@ -79,7 +79,7 @@ void readInBlocks(std::string_view text, unsigned random, const std::vector<int>
         text.remove_prefix(length);
     }
     reader.finish();
-    auto& numbers = reader.numbers();
+    const auto& numbers = reader.numbers();
     demand(numbers.size() == static_cast<std::int64_t>(wanted.size()), "count of valid lines");
     for (std::size_t i = 0; i < wanted.size(); ++i)
         demand(numbers[static_cast<std::int64_t>(i)] == wanted[i], "number of a line");

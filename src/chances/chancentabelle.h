@@ -9,7 +9,7 @@
 namespace chances {
 
 inline constexpr int NumberCount = 37;
-inline constexpr int ColumnCount = 11;
+inline constexpr int TableColumnCount = 11;
 
 /// Columns of the table, counted from 1.
 enum Column {
@@ -26,11 +26,10 @@ enum Column {
     TvpFourteen = 11,
 };
 
-using Row = std::array<std::string_view, ColumnCount>;
+using Row = std::array<std::string_view, TableColumnCount>;
 
-/// The table by number. An empty text is a cell with nothing to say. Colours, columns, dozens and
-/// transversals are those of the French table layout; 1 and 2 share one row of three with the
-/// zero, 2 and 3 another.
+/// The table by number. Empty: the column doesn't apply. Colours, columns, dozens and transversals
+/// are those of the French table; 1 and 2 share one row of three with the zero, 2 and 3 another.
 inline constexpr std::array<Row, NumberCount> Chancentabelle{{
     {"0", "Z", "Z", "Z", "Z", "Z", "Z", "Z", "Z", "13", "14"},
     {"1", "R", "I", "M", "1", "1", "1", "", "1", "13", ""},

@@ -26,13 +26,13 @@ public:
 
     void set(std::int64_t index, T value) { chunks_[chunk(index)][place(index)] = value; }
 
-    /// Throws std::bad_alloc and leaves everything as it was.
+    /// On std::bad_alloc nothing has changed.
     void push_back(T value) {
         reserveOne();
         set(size_++, value);
     }
 
-    /// Throws std::bad_alloc with a part of the values appended.
+    /// On std::bad_alloc a part of the values has been appended.
     void append(std::span<const T> values) {
         while (!values.empty()) {
             const std::span<T> free = spare();
@@ -61,24 +61,24 @@ public:
     std::span<T> run(std::int64_t index) { return {from(index), length(index)}; }
     std::span<const T> run(std::int64_t index) const { return {from(index), length(index)}; }
 
-    /// The free places behind the last value, up to the end of its chunk; at least one.
-    /// Throws std::bad_alloc and leaves everything as it was.
+    /// The free places after the last value, up to the end of its chunk; at least one.
+    /// On std::bad_alloc nothing has changed.
     std::span<T> spare() {
         reserveOne();
         return {from(size_), static_cast<std::size_t>(ChunkSize) - place(size_)};
     }
 
-    /// Counts in `count` values that have been written to the front of spare().
+    /// Adds the first `count` values of spare().
     void grow(std::int64_t count) { size_ += count; }
 
-    /// Gives back the memory of all whole chunks before `index`; they can't be read any more.
+    /// Frees the memory of all whole chunks before `index`; they can't be read any more.
     void release(std::int64_t index) {
         for (std::size_t i = chunk(index); i-- > 0 && chunks_[i];)
             chunks_[i].reset();
     }
 
 private:
-    /// Makes room for one more value. Throws std::bad_alloc and leaves everything as it was.
+    /// Makes room for one more value. On std::bad_alloc nothing has changed.
     void reserveOne() {
         if (chunk(size_) == chunks_.size())
             chunks_.push_back(std::make_unique_for_overwrite<T[]>(ChunkSize));

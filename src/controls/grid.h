@@ -18,10 +18,9 @@ namespace controls {
 
 /// A grid of rows and columns, both counted from 1.
 ///
-/// A row keeps the number of a pattern, and the pattern keeps texts and colours, all but a serial
-/// number. The number takes one byte; when all 256 are given out and no half of them can be
-/// dropped, two, and in the same way four. Any single cell can still be written; the row then moves
-/// to another pattern.
+/// A row keeps the id of a pattern, and the pattern keeps texts and colours, all but a serial
+/// number. Ids take one byte; when 256 are in use and dropping unused ones frees less than half,
+/// two, later four. Any single cell can still be written; the row then moves to another pattern.
 class Grid {
 public:
     struct ColumnState {
@@ -50,8 +49,7 @@ public:
         std::int64_t row_;
     };
 
-    /// A row to be read and written. Every write throws std::bad_alloc if memory can't hold the
-    /// result; the row is then as it was.
+    /// A row to be read and written. When a write ends in std::bad_alloc the row has not changed.
     class RowRef : public ConstRowRef {
     public:
         RowRef(Grid& grid, std::int64_t row) : ConstRowRef(grid, row), grid_(grid), row_(row) { }
@@ -97,30 +95,29 @@ public:
     /// The view looks at the grid once per event turn, so there is nothing left to do.
     void Refresh() { }
 
-    // Rows by their patterns. A pattern's number stays valid while generation() stays the same.
+    // Rows by their patterns. A pattern's id stays valid while generation() stays the same.
 
-    /// The number of a pattern with this content. It may drop patterns that no row uses, so the
-    /// number has to be used for a row before the next call.
+    /// The id of a pattern with this content. It may drop patterns that no row uses, so the id
+    /// has to be used for a row before the next call.
     PatternId intern(const RowPattern& pattern);
     const RowPattern& pattern(PatternId id) const { return patterns_[id]; }
     PatternId patternOf(std::int64_t row) const { return ids_[row - 1]; }
     std::uint64_t generation() const { return generation_; }
-    /// The numbers of all patterns lie below this.
-    std::size_t patternNumbers() const { return patterns_.size(); }
+    /// The ids of all patterns lie below this.
+    std::size_t patternIds() const { return patterns_.size(); }
     void addPattern(PatternId id) { ids_.push_back(id); }
     void setPattern(std::int64_t row, PatternId id) { ids_.set(row - 1, id); }
-    /// How many rows can be appended without more memory; at least one. Throws std::bad_alloc.
+    /// How many rows can be appended without more memory; at least one. May throw std::bad_alloc.
     std::size_t room() { return ids_.room(); }
     /// Appends a row that looks like `patternOf[key]` for every key; there must be room() for them.
     void appendRows(std::span<const std::uint8_t> keys, std::span<const PatternId> patternOf) {
         ids_.append(keys, patternOf);
     }
-    /// Changes the rows `first` to `last` as `changeOf` says of the patterns that `keys` has in the
-    /// same rows, as long as each row looks as it should before. Gives the first row that doesn't,
-    /// or last + 1; it may stop early.
+    /// For each row from `first` to `last` applies `changeOf[its row in keys]` while the pattern
+    /// equals `before`; returns the first row that doesn't, or last + 1. It may stop early.
     std::int64_t changeRows(std::int64_t first, std::int64_t last, const Grid& keys,
         std::span<const IdChange> changeOf) {
-        const bool covered = changeOf.size() >= keys.patternNumbers();
+        const bool covered = changeOf.size() >= keys.patternIds();
         return covered ? ids_.change(first - 1, last - 1, keys.ids_, changeOf) + 1 : first;
     }
     int bytesPerRow() const { return ids_.width(); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The row patterns that a grid has in use, found by content and known by small numbers.
+// The row patterns that a grid has in use, found by content and known by small ids.
 #pragma once
 
 #include "controls/row_pattern.h"
@@ -11,32 +11,32 @@
 
 namespace controls {
 
-/// The number of a pattern within its grid.
+/// Stands for a pattern within its grid.
 using PatternId = std::uint32_t;
 
-/// Patterns by number and by content. It never decides by itself to drop one: the grid, which
-/// knows the rows, tells which are in use.
+/// Patterns by id and by content. It never drops one by itself: the grid, which knows the rows,
+/// says which are in use.
 class PatternTable {
 public:
     const RowPattern& operator[](PatternId id) const { return *byId_[id]; }
 
-    /// The number of an equal pattern, if there is one.
+    /// The id of an equal pattern, if there is one.
     std::optional<PatternId> find(const RowPattern& pattern) const;
 
-    /// The number that the next new pattern would get.
+    /// The id that the next new pattern would get.
     PatternId next() const;
 
-    /// Adds a pattern that isn't there yet and gives its number, next().
+    /// Adds a pattern that isn't there yet and returns its id, next().
     PatternId add(const RowPattern& pattern);
 
-    /// How many numbers have been given out, dropped ones included.
+    /// How many ids have been in use, dropped ones included.
     std::size_t size() const { return byId_.size(); }
 
-    /// Drops every pattern whose flag isn't set; their numbers will be given out again. `inUse` has
-    /// size() flags.
+    /// Drops every pattern whose flag isn't set; their ids will be used again. `inUse` has size()
+    /// flags.
     void keep(const std::vector<std::uint8_t>& inUse);
 
-    /// How many of the numbers given out stand for a pattern.
+    /// How many ids stand for a pattern now.
     std::size_t live() const { return byContent_.size(); }
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One pattern number per row.
+// One pattern id per row.
 #include "controls/row_ids.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ Chunked<Wide> copyOf(const Chunked<Narrow>& narrow) {
     return wide;
 }
 
-/// How many of `ids` change as their keys say before one doesn't.
+/// Changes `ids` until one doesn't match; returns how many.
 template <class Id, class Key>
 std::size_t changeWhileKnown(
     std::span<Id> ids, std::span<const Key> keys, std::span<const IdChange> changeOf) {

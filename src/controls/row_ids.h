@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One pattern number per row, in one, two or four bytes.
+// One pattern id per row, in one, two or four bytes.
 #pragma once
 
 #include "controls/chunked.h"
@@ -11,7 +11,7 @@
 
 namespace controls {
 
-/// What an id turns into where it stands.
+/// A replacement: `before` becomes `after`.
 struct IdChange {
     static constexpr std::uint32_t None = std::numeric_limits<std::uint32_t>::max();
 
@@ -19,7 +19,7 @@ struct IdChange {
     std::uint32_t after = None;
 };
 
-/// A column of numbers, one byte each, or two or four after widen(). Only clear() makes it narrow
+/// A column of ids, one byte each, or two or four after widen(). Only clear() makes it narrow
 /// again.
 class RowIds {
 public:
@@ -31,12 +31,12 @@ public:
         return std::visit([&](const auto& ids) -> std::uint32_t { return ids[index]; }, ids_);
     }
 
-    /// Bytes per number at present: 1, 2 or 4.
+    /// Bytes per id at present: 1, 2 or 4.
     int width() const {
         return std::visit([]<class T>(const Chunked<T>&) { return int{sizeof(T)}; }, ids_);
     }
 
-    /// The largest number that fits without widening.
+    /// The largest id that fits without widening.
     std::uint32_t capacity() const {
         return std::visit(
             []<class T>(
@@ -44,11 +44,11 @@ public:
             ids_);
     }
 
-    /// Puts every number into the next wider form, if there is one. Throws std::bad_alloc and
-    /// leaves everything as it was.
+    /// Puts every id into the next wider form, if there is one. On std::bad_alloc nothing has
+    /// changed.
     void widen();
 
-    /// `id` must fit (see capacity()). Throws std::bad_alloc and leaves everything as it was.
+    /// `id` must fit (see capacity()). On std::bad_alloc nothing has changed.
     void push_back(std::uint32_t id) {
         std::visit([&]<class T>(Chunked<T>& ids) { ids.push_back(static_cast<T>(id)); }, ids_);
     }
@@ -60,20 +60,20 @@ public:
     }
     void clear() { ids_ = Chunked<std::uint8_t>(); }
 
-    /// How many numbers can be appended without more memory; at least one. Throws std::bad_alloc
-    /// and leaves everything as it was.
+    /// How many ids can be appended without more memory; at least one. On std::bad_alloc nothing
+    /// has changed.
     std::size_t room() {
         return std::visit([](auto& ids) { return ids.spare().size(); }, ids_);
     }
     /// Appends `idOf[key]` for every key, for which there must be room().
     void append(std::span<const std::uint8_t> keys, std::span<const std::uint32_t> idOf);
-    /// Changes the numbers from `first` up to `last`, both included, as their keys' rows of
-    /// `changeOf` say, as long as each is the one before the change. Gives the first that isn't, or
-    /// last + 1; it may stop early. `changeOf` has a row for every key.
+    /// For each place from `first` to `last` applies `changeOf[its id in keys]` while the id equals
+    /// `before`; returns the first that doesn't, or last + 1. It may stop early. `changeOf` has an
+    /// entry for every id in `keys`.
     std::int64_t change(std::int64_t first, std::int64_t last, const RowIds& keys,
         std::span<const IdChange> changeOf);
 
-    /// Calls `visitor` with the numbers as they are stored, whichever width that is.
+    /// Calls `visitor` with the ids as they are stored, whichever width that is.
     template <class Visitor>
     decltype(auto) visit(Visitor&& visitor) const {
         return std::visit(visitor, ids_);

@@ -13,16 +13,14 @@ namespace M_Permanenz {
 
 namespace {
 
-/// The store holds the columns of the Chancentabelle, each one further to the right.
-constexpr int FirstChanceColumn = 3;
-constexpr int LastChanceColumn = 10;
-constexpr int StoreToTable = -1;
+/// The store holds columns 1 to 9 of the Chancentabelle, shifted right by one.
+constexpr int TableToStore = 1;
 
 controls::RowPattern viewRow(int number) {
     controls::RowPattern row;
     row.serial(true);
     if (const auto color = M_Tableau::rowColor(number))
-        for (int column = grids::FirstMarkColumn; column <= grids::ColumnCount; ++column)
+        for (int column = grids::FirstMarkColumn; column <= grids::ViewColumnCount; ++column)
             row.CellColor(column, *color);
     return row;
 }
@@ -30,20 +28,19 @@ controls::RowPattern viewRow(int number) {
 controls::RowPattern storeRow(int number) {
     controls::RowPattern row;
     row.serial(true);
-    row.Cell(2, chances::code(number, chances::Plein));
-    for (int column = FirstChanceColumn; column <= LastChanceColumn; ++column)
-        row.Cell(column, chances::code(number, column + StoreToTable));
+    for (int column = chances::Plein; column <= chances::TvpFirst; ++column)
+        row.Cell(column + TableToStore, chances::code(number, column));
     if (const auto color = M_Tableau::rowColor(number))
         row.RowColor(*color);
     return row;
 }
 
 /// Takes in coups from the front of `numbers` as long as their rows are ready-made and the grids
-/// have room; tells how many.
+/// have room; returns how many.
 std::size_t takeReadyCoups(Program& program, std::span<const std::uint8_t> numbers) {
     forms::MainForm& form = program.Frm_Main;
     const std::size_t count
-        = forms::readyRows(program).append(form.Grid[0], form.Grid[1], numbers);
+        = forms::currentRows(program).append(form.Grid[0], form.Grid[1], numbers);
     if (count == 0)
         return 0;
     form.Coup += static_cast<std::int64_t>(count);
@@ -96,10 +93,10 @@ void Eingabe_Coup(Program& program) {
 void Permanenz_Zeile(Program& program) {
     using Step = forms::ReadyRows::Step;
     forms::MainForm& form = program.Frm_Main;
-    forms::ReadyRows& ready = forms::readyRows(program);
+    forms::ReadyRows& ready = forms::currentRows(program);
     const int number = form.Plein;
-    const auto view = ready.after(
-        Step::View, number, 0, [&] { return form.Grid[0].intern(viewRow(number)); });
+    const auto view
+        = ready.after(Step::View, number, 0, [&] { return form.Grid[0].intern(viewRow(number)); });
     const auto store = ready.after(
         Step::Store, number, 0, [&] { return form.Grid[1].intern(storeRow(number)); });
     form.Grid[0].addPattern(view);

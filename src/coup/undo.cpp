@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Going back.
+// Reset and undo.
 #include "coup/coups.h"
 
 #include "stats/counters.h"

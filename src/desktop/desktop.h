@@ -18,7 +18,7 @@ public:
     /// `refresh` lets all views look at their models; it runs before each turn.
     explicit Events(std::function<void()> refresh);
 
-    /// Stops early when events keep coming, so that they can't starve the run that gives the turn.
+    /// Stops early when events keep coming, so that they can't starve the run that grants the turn.
     void turn() override;
     /// Input that comes meanwhile is kept and served by the next full turn.
     void paint() override;
@@ -29,7 +29,7 @@ private:
 
 class RealPlatform {
 public:
-    /// `refresh` lets all views look at their models, `activeWindow` tells the window in front.
+    /// `refresh` lets all views look at their models, `activeWindow` returns the window in front.
     RealPlatform(std::function<void()> refresh, std::function<QWidget*()> activeWindow);
 
     platform::Platform& platform() { return platform_; }

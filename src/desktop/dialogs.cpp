@@ -33,7 +33,7 @@ QString cancelText() {
     return QStringLiteral("Abbrechen");
 }
 
-constexpr int titleButtons = 160; // pixels that a title bar takes beside its text
+constexpr int TitleButtons = 160; // pixels that a title bar takes beside its text
 
 QString titleOf(std::string_view title) {
     return title.empty() ? QStringLiteral("Kestrelwood") : look::toText(title);
@@ -50,8 +50,8 @@ QString toNameFilter(const platform::Filter& filter) {
     return name.endsWith(pattern) ? name : name + u' ' + pattern;
 }
 
-/// The toolkit's dialog without its own questions, which would be English without that package.
-/// A name that doesn't exist is accepted for opening too: what opens the file tells the reason.
+/// The toolkit's dialog without its own questions, which would be English without the translations.
+/// A name that doesn't exist is accepted for opening too: what opens the file reports the reason.
 class FileDialog final : public QFileDialog {
 public:
     FileDialog(QWidget* parent, AcceptMode mode, std::string_view title,
@@ -95,8 +95,7 @@ private:
         selectFile(last.fileName());
     }
 
-    /// A file selected in the list would go before another name written to the name line, unless it
-    /// was typed with the keyboard; a screen reader or a voice writes without it.
+    /// A selected file would win over a name set other than by keyboard.
     void letTypedNameWin() {
         const auto* line = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         auto* list = findChild<QAbstractItemView*>(QStringLiteral("listView"));
@@ -156,7 +155,7 @@ std::string Dialogs::prompt(std::string_view title, std::string_view text) {
     dialog.setOkButtonText(okText());
     dialog.setCancelButtonText(cancelText());
     const int titleWidth = dialog.fontMetrics().horizontalAdvance(dialog.windowTitle());
-    dialog.resize(dialog.sizeHint().expandedTo(QSize(titleWidth + titleButtons, 0)));
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(titleWidth + TitleButtons, 0)));
     return dialog.exec() == QDialog::Accepted ? dialog.textValue().toStdString() : std::string();
 }
 

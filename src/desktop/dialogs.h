@@ -13,7 +13,7 @@ namespace desktop {
 
 class Dialogs final : public platform::Dialogs {
 public:
-    /// `activeWindow` tells the window in front, over which a question is to appear; may be null.
+    /// `activeWindow` returns the window in front, over which a question is to appear; may be null.
     explicit Dialogs(std::function<QWidget*()> activeWindow);
 
     std::optional<platform::FileName> openFile(std::string_view title,

@@ -17,8 +17,7 @@
 
 namespace files {
 
-/// Memory set aside during a run, so that there is some to speak of it when memory gives out.
-/// Taken by a plain call: a new-expression whose memory nobody reads is left out by compilers.
+/// Reserve, freed before the message. Plain call, as compilers may drop an unused new.
 inline constexpr std::size_t EmergencyReserve = 1 << 20;
 
 /// What a run leaves to the rest of the machine.
@@ -30,8 +29,7 @@ struct Release {
 
 /// Throws std::bad_alloc when the machine is about to run out of memory and can't give the rows
 /// that `coups` more of them need; `kept` bytes for each are there already and become free. Many
-/// systems promise more than they have and end the program instead of refusing; looking ahead keeps
-/// the coups.
+/// systems overcommit memory and kill the process; looking ahead keeps the coups.
 inline void checkMemory(const forms::Program& program, platform::Platform& platform,
     std::int64_t coups, std::int64_t kept = 0) {
     const auto& grids = program.Frm_Main.Grid;
@@ -45,7 +43,7 @@ inline void checkMemory(const forms::Program& program, platform::Platform& platf
 enum class Scrolling { Follows, Stays };
 
 /// Takes in `total` coups in blocks, with the progress dialog and the main window closed to input.
-/// `next(i, most)` gives the numbers, 0 to 36, of the coups from i on (counted from 0), at
+/// `next(i, most)` returns the numbers, 0 to 36, of the coups from i on (counted from 0), at
 /// least one and at most `most` of them. Ends early when the user cancels, when the program is to
 /// end, or, with a message, when memory gives out; the coups so far are kept.
 template <class Next>

@@ -18,8 +18,7 @@ inline std::uint64_t eightCharacters(const char* text) {
     return bytes;
 }
 
-/// What the following give for a line that isn't of their kind, valid or not. They give up to 99,
-/// for it is the reader who knows which numbers a wheel has.
+/// Result for any other line. Range up to 99; the reader checks for 36.
 inline constexpr unsigned OtherLine = 100;
 
 /// The number of a line with a blank, one digit or two, a blank and a CR: how this program writes

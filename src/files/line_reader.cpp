@@ -2,6 +2,7 @@
 // Reading the lines of a permanence file.
 #include "files/line_reader.h"
 
+#include "chances/chancentabelle.h"
 #include "files/fast_line.h"
 
 #include <array>
@@ -13,7 +14,7 @@ namespace files {
 
 namespace {
 
-constexpr unsigned HighestNumber = 36;
+constexpr unsigned HighestNumber = chances::NumberCount - 1;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr unsigned NoMarkAnyMore = 4;
 
@@ -65,8 +66,8 @@ std::string_view LineReader::withoutByteOrderMark(std::string_view block) {
     return block;
 }
 
-/// Reads usual lines from the beginning of a line on; gives what is left, which begins with a line
-/// that is unusual or too near to the end of the block.
+/// Reads usual lines from the beginning of a line on; returns what is left, which begins with a
+/// line that is unusual or too near to the end of the block.
 std::string_view LineReader::wholeLines(std::string_view block) {
     if constexpr (std::endian::native != std::endian::little)
         return block;

@@ -10,21 +10,24 @@
 namespace files {
 
 /// Takes a file block by block and keeps the number of every valid line in one byte. Lines that
-/// look like almost all lines do are read eight bytes at a time, the others letter by letter.
+/// look like almost all lines do are read eight bytes at a time, the others character by
+/// character.
 ///
 /// A line ends at CR, CR LF or a lone LF; the last one needs no end. It is valid if it holds, apart
 /// from blanks and tabs at either end, decimal digits alone and their value is 0 to 36. A byte
-/// order mark (EF BB BF) at the start of the file is passed over.
+/// order mark (EF BB BF) at the start of the file is skipped.
 class LineReader {
 public:
-    /// Reads the next bytes of the file. Throws std::bad_alloc.
+    /// Reads the next bytes of the file. May throw std::bad_alloc.
     void read(std::string_view block);
 
-    /// Tells that the file has ended. Throws std::bad_alloc.
+    /// The file has ended. May throw std::bad_alloc.
     void finish();
 
     /// The numbers of the valid lines so far.
-    controls::Chunked<std::uint8_t>& numbers() { return numbers_; }
+    const controls::Chunked<std::uint8_t>& numbers() const { return numbers_; }
+    /// Frees the memory of numbers before `index`, which have been used.
+    void release(std::int64_t index) { numbers_.release(index); }
 
 private:
     enum class Place { Start, Number, After, Invalid };

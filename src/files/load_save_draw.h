@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The three ways of many coups: from a text file, to one, and from a random series.
+// Load, save and random series.
 #pragma once
 
 #include "forms/program.h"
@@ -8,11 +8,11 @@
 namespace M_Eingabe {
 
 /// Asks for a file and appends every valid line of it to the permanence. The file is read whole
-/// before the first coup: an error while reading gives a message and leaves all as it was.
+/// before the first coup: an error while reading brings a message and changes nothing.
 void Permanenz_Laden(forms::Program& program, platform::Platform& platform);
 
 /// Asks for a file and writes the permanence to it: a blank, the number, a blank, CR LF per coup.
-/// An error gives a message and leaves an old file as it was.
+/// An error brings a message and leaves an old file as it was.
 void Permanenz_Speichern(forms::Program& program, platform::Platform& platform);
 
 /// Draws as many coups as the number at the start of the count box says; none for 0 or an empty

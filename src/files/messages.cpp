@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the program says when something fails it.
+// Error messages.
 #include "files/messages.h"
 
 #include <algorithm>

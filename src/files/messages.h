@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the program says when a file, memory or an answer fails it.
+// Error messages.
 #pragma once
 
 #include "platform/platform.h"

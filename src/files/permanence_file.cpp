@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace M_Eingabe {
@@ -44,14 +43,14 @@ bool readFile(const forms::Program& program, platform::Platform& platform,
 
 /// The lines of the store rows from `row` on, as many as a block holds; moves `row` on.
 std::string rows(const controls::Grid& store, std::int64_t& row) {
-    std::string lines;
-    lines.reserve(WriteBlock + 8);
-    for (; row <= store.RowCount() && lines.size() < WriteBlock; ++row) {
-        lines += ' ';
-        lines += store.pattern(store.patternOf(row)).Cell(2);
-        lines += " \r\n";
+    std::string text;
+    text.reserve(WriteBlock + 8);
+    for (; row <= store.RowCount() && text.size() < WriteBlock; ++row) {
+        text += ' ';
+        text += store.pattern(store.patternOf(row)).Cell(2);
+        text += " \r\n";
     }
-    return lines;
+    return text;
 }
 
 /// Writes the whole permanence; what went wrong, if anything.
@@ -73,12 +72,12 @@ std::error_code writeFile(
 }
 
 void appendCoups(forms::Program& program, platform::Platform& platform, files::LineReader& lines) {
-    auto& numbers = lines.numbers();
+    const auto& numbers = lines.numbers();
     progress::show(program, numbers.size(), true);
     files::runCoups(program, platform, numbers.size(), files::Scrolling::Follows,
         [&](std::int64_t i, std::int64_t most) {
-            numbers.release(i); // what has been taken in isn't needed any more
-            const auto run = std::as_const(numbers).run(i);
+            lines.release(i);
+            const auto run = numbers.run(i);
             return run.first(std::min(run.size(), static_cast<std::size_t>(most)));
         });
 }
@@ -98,7 +97,7 @@ void Permanenz_Laden(forms::Program& program, platform::Platform& platform) {
     try {
         wasRead = readFile(program, platform, *name, lines, error);
     } catch (const std::bad_alloc&) {
-        lines.numbers().clear();
+        lines = {};
         error = std::make_error_code(std::errc::not_enough_memory);
     }
     if (error)

@@ -2,6 +2,8 @@
 // The random generator of the drawn series.
 #pragma once
 
+#include "chances/chancentabelle.h"
+
 #include <chrono>
 #include <cstdint>
 
@@ -15,7 +17,7 @@ inline void seed(std::uint64_t& state, std::chrono::nanoseconds clock) {
     state += 0x9E3779B97F4A7C15U + 2 * static_cast<std::uint64_t>(clock.count());
 }
 
-/// A draw: the 24 random bits of a float from 0 up to, but not including 1, in units of 2^-24.
+/// A draw: 24 random bits, a fraction of 2^24.
 /// Source of the mixing steps: Steele, Lea, Flood, "Fast Splittable Pseudorandom Number
 /// Generators", 2014 (variant 13).
 inline std::uint32_t draw(std::uint64_t state) {
@@ -26,10 +28,9 @@ inline std::uint32_t draw(std::uint64_t state) {
     return static_cast<std::uint32_t>(bits >> 40);
 }
 
-/// The number of a draw, 0 to 36: the float times 37, rounded down. Whole numbers of 30 bits hold
-/// the product exactly, whatever floats a machine has.
-constexpr int numberOf(std::uint32_t draw) {
-    return static_cast<int>(draw * 37 >> 24);
+/// The number of a draw, 0 to 36: bits * 37 / 2^24, rounded down.
+constexpr int toNumber(std::uint32_t draw) {
+    return static_cast<int>(draw * chances::NumberCount >> 24);
 }
 
 } // namespace files

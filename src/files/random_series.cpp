@@ -16,7 +16,7 @@ namespace M_Eingabe {
 namespace {
 
 /// The number at the start of the text as a whole number, 0 if the text starts with no digit
-/// (blanks before it passed over); nothing beyond 32 bits signed.
+/// (blanks before it skipped); nothing beyond 32 bits signed.
 std::optional<std::int32_t> count(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     if (text.empty() || text.front() < '0' || text.front() > '9')
@@ -41,7 +41,7 @@ void drawSeries(forms::Program& program, platform::Platform& platform) {
             const auto numbers = std::span(drawn).first(static_cast<std::size_t>(most));
             for (std::uint8_t& number : numbers) {
                 files::seed(program.random, platform.clock.coarse());
-                number = static_cast<std::uint8_t>(files::numberOf(files::draw(program.random)));
+                number = static_cast<std::uint8_t>(files::toNumber(files::draw(program.random)));
             }
             return numbers;
         });

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Where every control stands and how it looks at first, back to front unless told otherwise.
+// Where every control stands and how it looks at first, back to front unless stated otherwise.
 #pragma once
 
 #include "chances/chancentabelle.h"
 #include "controls/color.h"
 #include "controls/twips.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 #include <string_view>
@@ -17,7 +18,7 @@ using controls::Rect;
 using controls::rgb;
 using controls::Twips;
 
-/// The controls by their names; an index tells the members of an array apart.
+/// The controls by their names; an index distinguishes the members of an array.
 enum class Name {
     Frm_Main,
     xpFrame,
@@ -68,13 +69,13 @@ struct Control {
     std::string_view caption{};
     Font font{};
     Color foreColor = controls::Black;
-    std::string_view toolTip{}; ///< also what a screen reader tells of the control's job
+    std::string_view toolTip{}; ///< also a screen reader's description of the control
     std::string_view
         spoken{}; ///< its name for a screen reader, where it shows none or not all of it
 };
 
-/// The row of a control in a form's table. A table without it is no program: no build, or an
-/// exception where the name is only known at run time.
+/// The row of a control in a form's table. A missing row is a bug: no build, or out_of_range at run
+/// time.
 template <class Rows>
 constexpr const Control& rowOf(const Rows& rows, Name name, int index = 0) {
     for (const Control& row : rows)
@@ -143,7 +144,7 @@ inline constexpr std::array Panels{
     Control{Name::xpFrame, 3, {7800, 0, 7275, 10335}, "Tableau", PanelFont, PanelCaptionColor},
 };
 
-// Within a panel the rows stand in tab order, and what lies in front of another follows it.
+// Rows are in tab order; what lies in front comes later.
 
 /// The panel "Eingabe".
 inline constexpr std::array Eingabe{
@@ -218,6 +219,7 @@ inline constexpr std::array Lines{
 namespace detail {
 
 inline constexpr Twips TableauTop = 1740;
+inline constexpr int TableauRows = (chances::NumberCount - 1) / 3;
 
 /// The top of the tableau's row 0 to 11: a wider gap parts the dozens.
 constexpr Twips rowTop(int row) {
@@ -262,7 +264,7 @@ constexpr GradientLabel label(Name name, int index, Rect place, Gradient colors)
 }
 
 consteval auto counterLabels() {
-    std::array<GradientLabel, 37> labels{
+    constexpr std::array edges{
         label(Name::XPLabel_Ps, 0, {480, 2580, 1275, 435}, Simple),
         label(Name::XPLabel_P, 0, {480, 4800, 1275, 435}, Simple),
         label(Name::XPLabel_N, 0, {480, 6840, 1275, 435}, Simple),
@@ -276,16 +278,17 @@ consteval auto counterLabels() {
         label(Name::XPLabel_D, 2, {5460, 8220, 495, 495}, Yellow),
         label(Name::XPLabel_D, 3, {4860, 8400, 495, 495}, Yellow),
     };
-    std::size_t next = 12;
-    for (int i = 1; i <= 12; ++i)
-        labels[next++] = label(Name::XPLabel_TVP, i, {1800, rowTop(i - 1), 1335, 495}, Rose);
-    labels[next++] = label(Name::XPLabel_TVP, 13, {2350, 1200, 1335, 495}, Rose);
-    labels[next++] = label(Name::XPLabel_TVP, 14, {4260, 1200, 1335, 495}, Rose);
+    // A row and each border between two; the zero's two threes.
+    std::array<GradientLabel, edges.size() + 2 * TableauRows - 1 + 2> labels{};
+    auto* next = std::copy(edges.begin(), edges.end(), labels.begin());
+    for (int i = 1; i <= TableauRows; ++i)
+        *next++ = label(Name::XPLabel_TVP, i, {1800, rowTop(i - 1), 1335, 495}, Rose);
+    *next++ = label(Name::XPLabel_TVP, 13, {2350, 1200, 1335, 495}, Rose);
+    *next++ = label(Name::XPLabel_TVP, 14, {4260, 1200, 1335, 495}, Rose);
     // On the border between two rows: 1 to 6 begin with the first row, 7 to 11 with the second.
-    for (int i = 1; i <= 11; ++i) {
+    for (int i = 1; i < TableauRows; ++i) {
         const int lowerRow = i <= 6 ? 2 * i - 1 : 2 * (i - 6);
-        labels[next++]
-            = label(Name::XPLabel_TVS, i, {4800, rowTop(lowerRow) - 300, 1335, 495}, Orange);
+        *next++ = label(Name::XPLabel_TVS, i, {4800, rowTop(lowerRow) - 300, 1335, 495}, Orange);
     }
     return labels;
 }

@@ -23,7 +23,7 @@ struct Counters {
     std::array<std::int64_t, chances::NumberCount> Anz_Plein{};
 };
 
-/// The tableau as it was painted last.
+/// What stands out on pad and tableau, as settled last.
 struct TableauPicture {
     chances::NumberSet marked = 0; ///< number cells that stand out by how often they fell
     int last = -1; ///< the pad cell of the last number, -1 for none
@@ -119,7 +119,7 @@ inline int numberOf(const MainForm& form, std::int64_t row) {
 }
 
 /// The ready-made rows, less what no longer fits the grids, the family or the mode.
-inline ReadyRows& readyRows(Program& program) {
+inline ReadyRows& currentRows(Program& program) {
     const MainForm& form = program.Frm_Main;
     program.readyRows.adopt(
         form.Grid[0], form.Grid[1], form.xpCombo[0].ListIndex, form.Check[0].Value);

@@ -14,7 +14,7 @@ namespace forms {
 
 /// Remembers which patterns the single steps of a coup and of a re-sort have made, by number. It
 /// only ever repeats them, and forgets everything as soon as a grid drops patterns or the view
-/// changes its family or mode. The view is the grid that is shown, the store the one behind it.
+/// changes its family or mode. The view is the grid that is shown, the store the hidden one.
 class ReadyRows {
 public:
     using PatternId = controls::PatternId;
@@ -31,8 +31,8 @@ public:
         origin_ = now;
     }
 
-    /// The pattern that a step makes of `before` for a number: by `make` the first time. A step
-    /// that begins a row has no pattern before it.
+    /// What a step turns `before` into for a number; calls `make` if unknown. A step that begins a
+    /// row has no pattern before it.
     template <class Make>
     PatternId after(Step step, int number, PatternId before, Make make) {
         Change& change = change_[static_cast<std::size_t>(step)][static_cast<std::size_t>(number)];
@@ -42,17 +42,18 @@ public:
     }
 
     /// Appends coups from the front of `numbers` to both grids as long as their rows are known and
-    /// there is room; tells how many. Throws std::bad_alloc and leaves everything as it was.
+    /// there is room; returns how many. On std::bad_alloc nothing has changed.
     std::size_t append(
         controls::Grid& view, controls::Grid& store, std::span<const std::uint8_t> numbers) const;
 
     /// Re-sorts the view's rows `first` to `last` as long as it is known what becomes of each.
-    /// Gives the first of which it isn't, or last + 1; it may stop early.
+    /// Returns the first of which it isn't, or last + 1; it may stop early.
     std::int64_t resort(controls::Grid& view, const controls::Grid& store, std::int64_t first,
         std::int64_t last) const {
         return view.changeRows(first, last, store, resorted_);
     }
-    /// Remembers what became of a view row beside such a store row. Throws std::bad_alloc.
+    /// Remembers what became of a view row beside such a store row. On std::bad_alloc nothing
+    /// has changed.
     void learnResort(PatternId store, PatternId before, PatternId after);
 
 private:
@@ -71,7 +72,8 @@ private:
     };
 
     Origin origin_;
-    std::array<std::array<Change, chances::NumberCount>, 3> change_; ///< by step and number
+    std::array<std::array<Change, chances::NumberCount>, static_cast<std::size_t>(Step::Marks) + 1>
+        change_; ///< by step and number
     std::vector<controls::IdChange> resorted_; ///< by the store row's pattern
 };
 

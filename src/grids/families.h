@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
-// The chance families, a row each: the shape that a family gives the sorted view, and the rules by
-// which it places a coup. A further family is one more row here and one more name in chances/.
+// The chance families, a row each: the shape of the sorted view, and the rules by which a family
+// places a coup. A further family is one more row here; a code that the Chancentabelle lacks needs
+// a column there.
 #pragma once
 
 #include "chances/chancentabelle.h"
 #include "controls/twips.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -15,10 +18,11 @@ namespace grids {
 using controls::Twips;
 
 /// The sorted view has these columns for every family; a family uses the first of them.
-inline constexpr int ColumnCount = 16;
+inline constexpr int ViewColumnCount = 16;
 inline constexpr int FirstMarkColumn = 2;
 inline constexpr Twips SerialWidth = 800;
 inline constexpr Twips MarkWidth = 300;
+inline constexpr Twips ScrollBarWidth = 310;
 
 /// A placement rule: where column `tableColumn` of the Chancentabelle holds exactly `code`, a mark
 /// goes into each of the view's columns `first` to `last`.
@@ -30,12 +34,12 @@ struct Rule {
 };
 
 /// Captions of the view's columns `first` to `last`: a text, followed by numbers that count up
-/// from `number`, or by nothing if that is 0.
+/// from `firstNumber` if there is one.
 struct Captions {
     int first;
     int last;
     std::string_view text;
-    int number;
+    std::optional<int> firstNumber{};
 };
 
 /// A family's shape and rules. Widths in twips, of the whole grid without lines and with them.
@@ -105,17 +109,17 @@ inline constexpr std::array TransversalenPlein{
 };
 
 inline constexpr std::array NrCaptions{
-    Captions{2, 2, "N", 0}, Captions{3, 3, "Z", 0}, Captions{4, 4, "R", 0}};
+    Captions{2, 2, "N"}, Captions{3, 3, "Z"}, Captions{4, 4, "R"}};
 inline constexpr std::array PiCaptions{
-    Captions{2, 2, "P", 0}, Captions{3, 3, "Z", 0}, Captions{4, 4, "I", 0}};
+    Captions{2, 2, "P"}, Captions{3, 3, "Z"}, Captions{4, 4, "I"}};
 inline constexpr std::array PsmCaptions{
-    Captions{2, 2, "Ps", 0}, Captions{3, 3, "Z", 0}, Captions{4, 4, "M", 0}};
+    Captions{2, 2, "Ps"}, Captions{3, 3, "Z"}, Captions{4, 4, "M"}};
 inline constexpr std::array KCaptions{Captions{2, 4, "K", 1}};
 inline constexpr std::array DCaptions{Captions{2, 4, "D", 1}};
 inline constexpr std::array TvsCaptions{
-    Captions{2, 7, "", 1}, Captions{8, 8, "#", 0}, Captions{9, 13, "", 7}};
+    Captions{2, 7, "", 1}, Captions{8, 8, "#"}, Captions{9, 13, "", 7}};
 inline constexpr std::array TvpCaptions{
-    Captions{2, 13, "", 1}, Captions{14, 14, "#", 0}, Captions{15, 16, "", 13}};
+    Captions{2, 13, "", 1}, Captions{14, 14, "#"}, Captions{15, 16, "", 13}};
 
 } // namespace detail
 
@@ -131,6 +135,22 @@ inline constexpr std::array Families{
     Family{"Transversalen Plein", "Cp / TVP", true, 5610, 5870, detail::TvpCaptions,
         detail::TransversalenPlein},
 };
+
+namespace detail {
+
+/// Whether the widths have room for all columns that captions and rules name; the view leaves out
+/// those that don't fit.
+constexpr bool fits(const Family& family) {
+    const int columns = family.captions.back().last;
+    const Twips bare = SerialWidth + (columns - 1) * MarkWidth + ScrollBarWidth;
+    return columns <= ViewColumnCount && family.width >= bare
+        && family.widthWithLines >= bare + columns * controls::TwipsPerPixel
+        && std::all_of(family.rules.begin(), family.rules.end(),
+            [&](const Rule& rule) { return rule.last <= columns; });
+}
+static_assert(std::all_of(Families.begin(), Families.end(), fits));
+
+} // namespace detail
 
 /// The family of a selector entry, or nothing for a number that is none.
 constexpr const Family* family(int listIndex) {

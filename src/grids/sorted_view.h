@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The sorted view: its shape, the marks of one coup, and all marks placed anew.
+// The sorted view: its shape, the marks of one coup, and all marks placed again.
 #pragma once
 
 #include "forms/program.h"
@@ -7,7 +7,7 @@
 
 namespace grids {
 
-/// Gives the view the captions and widths of the selected family.
+/// Sets the view's captions and widths to those of the selected family.
 void applyFamily(forms::Program& program);
 
 /// Switches the view's grid lines by the state of the grid itself, and its width with them.
@@ -20,14 +20,14 @@ namespace M_Permanenz {
 using forms::Program;
 
 /// Writes the marks of the number Plein into row Coup of the view, by the selected family and mode.
-/// It neither clears nor reads other cells. The row must exist. Throws std::bad_alloc and leaves
-/// the row as it was.
+/// It neither clears nor reads other cells. The row must exist. On std::bad_alloc it has not
+/// changed.
 void Sortierung_Coup(Program& program);
 
-/// Empties the marks of every row of the view and places every coup of the store anew, with the
+/// Empties the marks of every row of the view and places every coup of the store again, with the
 /// progress dialog showing how far it has come. It can't be cancelled; painting gets its turns,
-/// input doesn't. Plein and Coup run along and end where they began. A row that memory can't place
-/// anew keeps what it had.
+/// input doesn't. Plein and Coup run along and end where they began. If memory fails for a
+/// row, it keeps its marks.
 void Sortierung_Neu(Program& program, platform::Platform& platform);
 
 } // namespace M_Permanenz

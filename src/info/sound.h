@@ -10,7 +10,7 @@
 
 namespace Sound {
 
-/// The device type for a file by the text behind the last "." of its name, folders apart, whatever
+/// The device type for a file by the text after the last "." of its name, folders apart, whatever
 /// the case; "MPEGVideo" for an unknown one, empty for a name without ".". `IstVideo` becomes
 /// whether it is a video.
 std::string Sound_Geraetetyp(std::string_view Datei, bool& IstVideo);

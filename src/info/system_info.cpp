@@ -42,8 +42,8 @@ std::string numberText(std::string_view bytes) {
 
 std::optional<std::string> programPath(platform::Platform& platform) {
     std::string value;
-    if (GetKeyValue(platform.registry, HkeyLocalMachine,
-            R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)", "PATH", value))
+    if (GetKeyValue(platform.registry, HkeyLocalMachine, SystemInformationKey,
+            SystemInformationPath, value))
         return value;
     if (!GetKeyValue(platform.registry, HkeyLocalMachine,
             R"(SOFTWARE\Microsoft\Shared Tools Location)", "MSINFO", value))
@@ -84,7 +84,7 @@ void StartSysInfo(platform::Platform& platform) {
         const auto path = programPath(platform);
         started = path && platform.processes.start(*path);
     } catch (const std::bad_alloc&) {
-        // Memory that fails is one more way to have no such program.
+        // Out of memory counts as: no such program.
     }
     if (!started)
         platform.dialogs.message(

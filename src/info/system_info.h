@@ -11,6 +11,9 @@
 namespace info {
 
 inline constexpr std::uint32_t HkeyLocalMachine = 0x80000002;
+inline constexpr std::string_view SystemInformationKey
+    = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
+inline constexpr std::string_view SystemInformationPath = "PATH";
 
 /// Reads the value `SubKeyRef` of the key `KeyName` below `KeyRoot` into `KeyVal`; true if it was
 /// found. Every value is cut at its first NUL byte. A number becomes "&h" and its bytes from the

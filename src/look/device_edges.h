@@ -21,7 +21,7 @@ public:
     int x(qreal logical) const { return static_cast<int>(rest_.x() + logical * scale_ + 0.5); }
     int y(qreal logical) const { return static_cast<int>(rest_.y() + logical * scale_ + 0.5); }
 
-    /// Makes the painter that they were taken from count like x() and y().
+    /// Puts the painter into device pixels.
     void adoptBy(QPainter& painter) const {
         painter.scale(1 / scale_, 1 / scale_);
         painter.translate(-rest_);

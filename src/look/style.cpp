@@ -23,7 +23,7 @@ struct SystemColor {
     controls::Color value;
     controls::Color stands;
 };
-constexpr std::array systemColors{
+constexpr std::array SystemColors{
     SystemColor{controls::ActiveTitle, controls::rgb(10, 36, 106)},
     SystemColor{controls::WindowBackground, controls::White},
     SystemColor{controls::WindowText, controls::Black},
@@ -33,7 +33,7 @@ constexpr std::array systemColors{
 };
 
 constexpr controls::Color resolved(controls::Color color) {
-    for (const SystemColor& row : systemColors)
+    for (const SystemColor& row : SystemColors)
         if (row.value == color)
             return row.stands;
     return color;

@@ -25,10 +25,10 @@ void applyStyle(QApplication& application);
 /// The colour of a value; system colours come from one fixed light palette.
 QColor toColor(controls::Color color);
 
-/// Hundredths of a point to pixels at 96 to the inch (825 gives 11).
+/// Hundredths of a point to pixels at 96 to the inch (825 is 11).
 QFont toFont(const forms::plan::Font& font);
 
-/// Gives a widget what its row in the plan says: object name, place, tool tip, spoken name.
+/// Sets on a widget what its row in the plan says: object name, place, tool tip, spoken name.
 void applyRow(const forms::plan::Control& row, QWidget& widget);
 
 /// The rectangle in logical pixels; edges are rounded, so that neighbours meet.

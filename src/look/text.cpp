@@ -8,15 +8,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <string_view>
 
 namespace look {
 
 namespace {
 
-constexpr int narrowest = 80; // percent
-constexpr int smallest = 8; // pixels
-constexpr QChar ellipsis(0x2026);
+constexpr int Narrowest = 80; // percent
+constexpr int Smallest = 8; // pixels
+constexpr QChar Ellipsis(0x2026);
 
 using forms::plan::Name;
 
@@ -26,7 +27,7 @@ struct Row {
     bool array;
 };
 
-constexpr std::array rows{
+constexpr std::array Rows{
     Row{Name::Frm_Main, "Frm_Main", false},
     Row{Name::xpFrame, "xpFrame", true},
     Row{Name::Label, "Label", true},
@@ -51,13 +52,13 @@ int widthOf(const QFont& font, const QString& text) {
     return QFontMetrics(font).horizontalAdvance(text);
 }
 
-/// Narrows `font` as far as it is allowed and needed; tells whether the text fits then.
+/// Narrows `font` as far as it is allowed and needed; returns whether the text fits then.
 bool narrow(QFont& font, const QString& text, int width) {
     const int whole = widthOf(font, text);
     if (whole <= std::max(width, 0))
         return true;
     // Rounded glyph widths make the proportion a first guess only.
-    for (int stretch = std::max(narrowest, 100 * width / whole); stretch >= narrowest; --stretch) {
+    for (int stretch = std::max(Narrowest, 100 * width / whole); stretch >= Narrowest; --stretch) {
         font.setStretch(stretch);
         if (widthOf(font, text) <= width)
             return true;
@@ -68,10 +69,11 @@ bool narrow(QFont& font, const QString& text, int width) {
 } // namespace
 
 QString controlName(Name name, int index) {
-    for (const Row& row : rows)
+    for (const Row& row : Rows)
         if (row.name == name)
             return row.array ? QStringLiteral("%1(%2)").arg(toText(row.text)).arg(index)
                              : toText(row.text);
+    assert(false && "a name of the plan needs a row above");
     return {};
 }
 
@@ -83,7 +85,7 @@ Fit fitted(const QFont& font, const QString& text, int width) {
     QFont attempt = font;
     if (narrow(attempt, text, width))
         return {attempt, text};
-    for (int size = font.pixelSize() - 1; size >= smallest; --size) {
+    for (int size = font.pixelSize() - 1; size >= Smallest; --size) {
         attempt.setPixelSize(size);
         if (widthOf(attempt, text) <= width)
             return {attempt, text};
@@ -92,7 +94,7 @@ Fit fitted(const QFont& font, const QString& text, int width) {
 }
 
 Fit refitted(const Fit& last, const QFont& font, const QString& text, int width) {
-    const bool alike = text.size() == last.text.size() && !last.text.endsWith(ellipsis);
+    const bool alike = text.size() == last.text.size() && !last.text.endsWith(Ellipsis);
     if (alike && widthOf(last.font, text) <= width)
         return {last.font, text};
     return fitted(font, text, width);

@@ -59,7 +59,7 @@ public:
 class Reader {
 public:
     virtual ~Reader() = default;
-    /// Reads up to `block.size()` bytes and tells how many; 0 is the end of the file. On failure
+    /// Reads up to `block.size()` bytes and returns how many; 0 is the end of the file. On failure
     /// `error` is set.
     virtual std::size_t read(std::span<char> block, std::error_code& error) = 0;
 };
@@ -89,7 +89,7 @@ public:
     virtual ~Clock() = default;
     /// A time that never goes back, to measure spans with.
     virtual std::chrono::nanoseconds now() = 0;
-    /// The system's time by a clock that is quick to read but may stand still for some milliseconds.
+    /// The system's time by a clock that is quick to read but may stand still for milliseconds.
     virtual std::chrono::nanoseconds coarse() = 0;
     /// The local seconds since midnight with their fraction.
     virtual double secondsSinceMidnight() = 0;
@@ -117,7 +117,7 @@ public:
     virtual ~Registry() = default;
     /// Opens a key below `root`; nothing if there is none or it can't be opened.
     virtual std::optional<Key> open(std::uint32_t root, std::string_view name) = 0;
-    /// Copies a value's bytes to `buffer` and tells its type; nothing if there is none or the
+    /// Copies a value's bytes to `buffer` and returns its type; nothing if there is none or the
     /// buffer is too small. `size` becomes the number of bytes.
     virtual std::optional<std::uint32_t> query(
         Key key, std::string_view value, std::span<char> buffer, std::size_t& size)
@@ -130,7 +130,7 @@ public:
     virtual ~Processes() = default;
     /// Starts another program by its path and doesn't wait for it. False if it can't be started.
     virtual bool start(const FileName& program) = 0;
-    /// The bytes of memory that the machine can still give, as far as it tells.
+    /// The bytes of memory that the machine can still give, as far as it reports.
     virtual std::uint64_t memoryLeft() { return std::numeric_limits<std::uint64_t>::max(); }
     /// Ends this process as soon as the event being served has been served.
     virtual void end() = 0;

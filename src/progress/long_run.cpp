@@ -29,9 +29,9 @@ void Pace::paint() {
     last_ = platform_.clock.now();
 }
 
-void show(forms::Program& program, std::int64_t max, bool cancellable) {
+void show(forms::Program& program, std::int64_t total, bool cancellable) {
     forms::ProgressForm& form = program.Frm_Progressbar;
-    form.xpProgress.Max = static_cast<double>(max);
+    form.xpProgress.Max = static_cast<double>(total);
     form.xpButton.Enabled = cancellable;
     form.Visible = true;
 }
@@ -49,11 +49,11 @@ void Form_Unload(forms::Program& program) {
     program.Frm_Progressbar = {};
 }
 
-std::string statusText(const forms::StatusLine& row) {
-    if (row.step == 0)
+std::string statusText(const forms::StatusLine& line) {
+    if (line.step == 0)
         return {};
-    return " Status: Berechne " + std::to_string(row.coup) + " / " + std::to_string(row.total)
-        + " (" + std::to_string(percent(row.step, row.total)) + " %)";
+    return " Status: Berechne " + std::to_string(line.coup) + " / " + std::to_string(line.total)
+        + " (" + std::to_string(percent(line.step, line.total)) + " %)";
 }
 
 std::int64_t percent(std::int64_t step, std::int64_t total) {

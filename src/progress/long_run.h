@@ -33,10 +33,10 @@ private:
     std::chrono::nanoseconds last_;
 };
 
-/// Sets up and shows the progress dialog, without waiting. `max` is the run's total.
-void show(forms::Program& program, std::int64_t max, bool cancellable);
+/// Sets up and shows the progress dialog, without waiting. `total` is the run's.
+void show(forms::Program& program, std::int64_t total, bool cancellable);
 
-/// Tells the dialog that step `step` of `total` is done, with `coup` as first figure.
+/// Shows in the dialog that step `step` of `total` is done, with `coup` as first figure.
 void report(forms::Program& program, std::int64_t coup, std::int64_t total, std::int64_t step);
 
 /// Whether the run is to stop: by the dialog's button or because the program is to end.
@@ -46,7 +46,7 @@ bool cancelled(const forms::Program& program);
 void Form_Unload(forms::Program& program);
 
 /// The status text, e.g. " Status: Berechne 41 / 100 (1 %)"; empty before the first step.
-std::string statusText(const forms::StatusLine& row);
+std::string statusText(const forms::StatusLine& line);
 
 /// 100 * (step / total) as a whole number, halves to the even neighbour; total above 0.
 std::int64_t percent(std::int64_t step, std::int64_t total);

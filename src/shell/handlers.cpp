@@ -46,8 +46,8 @@ bool takesInput(const forms::InfoForm& form) {
     return form.Visible && !form.inHandler;
 }
 
-/// Holds a form while one of its handlers is at work, so that no other one can start: not behind a
-/// message that is open either.
+/// Holds a form while one of its handlers is at work, so that no other one can start, not even
+/// while a message is open.
 class Hold {
 public:
     explicit Hold(bool& inHandler) : inHandler_(inHandler) { inHandler_ = true; }
@@ -59,8 +59,8 @@ private:
     bool& inHandler_;
 };
 
-/// Runs a handler to its end with the main form held. A shutdown asked for meanwhile follows
-/// behind.
+/// Runs a handler to its end with the main form held. A shutdown asked for meanwhile is
+/// carried out afterwards.
 template <class Handler>
 void withFormHeld(Program& program, Platform& platform, Handler handler) {
     forms::MainForm& form = program.Frm_Main;
@@ -103,8 +103,9 @@ void Frm_Start::Form_Load(Program& program) {
 
 void Frm_Start::Timer1_Timer(Program& program) {
     forms::StartForm& form = program.Frm_Start;
-    if (++form.Ticks != TicksToMain)
+    if (program.Frm_Main.loaded || ++form.Ticks < TicksToMain)
         return;
+    program.Frm_Main = {}; // a tick whose memory failed may have left a part
     Frm_Main::Form_Load(program);
     program.Frm_Main.Visible = true;
     form.timer1Enabled = false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The event handlers of the four forms, as the window calls them. Each does little but call a
 // procedure. A handler of Frm_Main or Frm_Info refuses while the form is closed to input or another
-// one of it is at work. No handler lets an exception out.
+// one of it is at work. Memory that fails in one of Frm_Main that takes input ends in a message.
 #pragma once
 
 #include "forms/program.h"
@@ -25,7 +25,7 @@ namespace Frm_Main {
 /// Prepares an empty permanence; runs before the window is shown.
 void Form_Load(forms::Program& program);
 
-/// Shuts the program down: at once, or behind the handler that is at work.
+/// Shuts the program down: at once, or after the handler that is at work.
 void Form_Unload(forms::Program& program, platform::Platform& platform);
 
 /// A coup of the number `Index`, 0 to 36, clicked on the pad.

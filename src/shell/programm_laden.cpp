@@ -37,6 +37,7 @@ constexpr std::array StoreColumns{
     ColumnPlan{"TVS", 500, Centred},
     ColumnPlan{"TVP", 500, Centred},
 };
+static_assert(StoreColumns.size() == 1 + chances::TvpFirst);
 
 constexpr std::array TableColumns{
     ColumnPlan{"Plein", 600, Left},
@@ -52,6 +53,8 @@ constexpr std::array TableColumns{
     ColumnPlan{"TVP", 500, Centred},
 };
 
+static_assert(TableColumns.size() == chances::TableColumnCount);
+
 /// Cells of a Chancentabelle row that carry its colour.
 constexpr int LastColoredCell = chances::TvpFirst;
 
@@ -66,7 +69,7 @@ void setUpColumns(controls::Grid& grid, std::span<const ColumnPlan> columns) {
 void chanceRow(controls::Grid& table, int number) {
     const int row = number + 1;
     table.AddRow(std::to_string(number));
-    for (int column = chances::NoirRouge; column <= chances::ColumnCount; ++column)
+    for (int column = chances::NoirRouge; column <= chances::TableColumnCount; ++column)
         if (const auto code = chances::code(number, column); !code.empty())
             table.Row(row).Cell(column, code);
     if (const auto color = M_Tableau::rowColor(number))
@@ -85,7 +88,7 @@ void Programm_Laden(forms::Program& program) {
 void Grids_Einrichten(forms::Program& program) {
     auto& grid = program.Frm_Main.Grid;
     setUpColumns(grid[0], ViewColumn);
-    for (int column = grids::FirstMarkColumn; column <= grids::ColumnCount; ++column)
+    for (int column = grids::FirstMarkColumn; column <= grids::ViewColumnCount; ++column)
         grid[0].AddColumn("", "", grids::MarkWidth, Centred);
     grid[0].Refresh();
 

@@ -9,7 +9,7 @@ namespace M_ProgrammLaden {
 /// Builds the grids, fills the selector and sets the start values, in this order. Runs once.
 void Programm_Laden(forms::Program& program);
 
-/// Gives the three grids their columns and the Chancentabelle its 37 rows.
+/// Sets the columns of grids 0, 1 and 3 and the 37 rows of the Chancentabelle.
 void Grids_Einrichten(forms::Program& program);
 
 /// Fills the selector with the families and selects the first.

@@ -6,6 +6,7 @@
 #include "stats/counted_chances.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace M_Chancen {
 
@@ -14,10 +15,12 @@ namespace {
 using forms::plan::Name;
 
 const stats::CountedChance& countedChance(Name label, int index) {
-    return *std::find_if(stats::CountedChances.begin(), stats::CountedChances.end(),
-        [&](const stats::CountedChance& counted) {
+    const auto* const found = std::find_if(stats::CountedChances.begin(),
+        stats::CountedChances.end(), [&](const stats::CountedChance& counted) {
             return counted.label == label && counted.index == index;
         });
+    assert(found != stats::CountedChances.end());
+    return *found;
 }
 
 std::int64_t sumOf(const Program& program, const stats::CountedChance& counted) {
@@ -111,8 +114,9 @@ int Anz_Gefallen(const Program& program) {
 std::string captionOf(const Program& program, Name name, int index) {
     if (name == Name::XPLabel_Plein)
         return std::to_string(Anz_Plein(program, index));
-    if (name == Name::Label)
-        return "gefallene Pleins: " + std::to_string(Anz_Gefallen(program)) + " / 37 ";
+    if (name == Name::Label && index == 4)
+        return "gefallene Pleins: " + std::to_string(Anz_Gefallen(program)) + " / "
+            + std::to_string(chances::NumberCount) + ' ';
     const stats::CountedChance& counted = countedChance(name, index);
     const std::string number = counted.index == 0 ? "" : std::to_string(counted.index) + ".";
     return " " + number + std::string(counted.name) + "= "

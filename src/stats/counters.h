@@ -16,7 +16,7 @@ using forms::Program;
 /// The second of a coup's three steps: counts it.
 void Chancen_Coup(Program& program);
 
-/// Raises every counter that the current number, Plein (0 to 36), belongs to.
+/// Counts Plein (0 to 36); the chances' counts follow.
 void Chancen_Zaehlen(Program& program);
 
 // Counts change here alone.
@@ -46,7 +46,7 @@ int Anz_Gefallen(const Program& program);
 
 /// The caption of a label that shows a counter: one of XPLabel_N to XPLabel_TVP with its index
 /// (0 for those without), XPLabel_Plein with a number, or Label with index 4. Such a caption is
-/// fixed text and a count, joined here when it is read, so that a coup needn't write 39 texts.
+/// fixed text and a count, joined here when it is read, so that a coup needn't write any text.
 std::string captionOf(const Program& program, forms::plan::Name name, int index);
 
 /// The text colour (ForeColorDis) of the badge XPLabel_Plein(number): white once it has fallen.

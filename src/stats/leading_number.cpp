@@ -19,9 +19,9 @@ std::size_t numberLength(std::string_view text) {
     };
     std::size_t length = digits(0);
     if (length < text.size() && text[length] == '.') {
-        const std::size_t behind = digits(length + 1);
-        if (length + behind > 0)
-            length += 1 + behind;
+        const std::size_t after = digits(length + 1);
+        if (length + after > 0)
+            length += 1 + after;
     }
     return length;
 }

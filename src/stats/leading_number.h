@@ -9,8 +9,8 @@
 namespace stats {
 
 /// The number at the start of a text: blanks or tabs, a sign, digits, a point, digits. 0 if there
-/// is none. "2.5x" gives 2.5, ".5" gives 0.5, "inf" and "0x10" give 0. A number too large for a
-/// double gives infinity, one too near to 0 gives 0.
+/// is none. "2.5x" reads as 2.5, ".5" as 0.5, "inf" and "0x10" as 0. A number too large for a
+/// double reads as infinity, one too near to 0 as 0.
 double leadingNumber(std::string_view text);
 
 /// `value` rounded to a whole number, halves to the even neighbour; nothing beyond 16 bits signed,

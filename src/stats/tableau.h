@@ -13,16 +13,17 @@ namespace M_Tableau {
 
 using forms::Program;
 
-/// Paints pad and tableau from the counts, the two marking boxes, Coup and Plein.
+/// Settles which numbers are marked and which is last, from the counts, the two marking boxes, Coup
+/// and Plein.
 void Tableau_Aktualisieren(Program& program);
 
-/// The colours of the pad cell xpLabel_Tableau(number) as painted last, number 0 to 36.
+/// The colours of the pad cell xpLabel_Tableau(number), 0 to 36, as settled last.
 controls::CellColors padColors(const Program& program, int number);
 
-/// The colours of the tableau cell XPLabel_Tableauzahl(number) as painted last, number 0 to 36.
+/// The colours of the tableau cell XPLabel_Tableauzahl(number), 0 to 36, as settled last.
 controls::CellColors tableauColors(const Program& program, int number);
 
-/// Whether the number's tableau cell was marked when it was painted last.
+/// Whether the number is marked, as settled last.
 bool marked(const Program& program, int number);
 
 /// The colour of a number's rows: red and green numbers have one, black ones keep the paper's.

@@ -22,7 +22,7 @@ namespace window {
 
 namespace {
 
-constexpr int frameTime = 16; // milliseconds
+constexpr int FrameTime = 16; // milliseconds
 
 /// Creates or drops a form's window.
 template <class Window, class... Owner>
@@ -33,7 +33,7 @@ void keep(std::unique_ptr<Window>& window, bool wanted, const Session& session, 
         window = std::make_unique<Window>(session, owner...);
 }
 
-/// The toolkit tells a frame as a window's.
+/// The toolkit announces a frame with a wrong role.
 QAccessibleInterface* pictureAccessible(const QString& /*className*/, QObject* object) {
     auto* surface = qobject_cast<WaterSurface*>(object);
     return surface ? new QAccessibleWidget(surface, QAccessible::Graphic) : nullptr;
@@ -75,14 +75,14 @@ int Application::run() {
 }
 
 bool Application::refreshIfDue() {
-    const bool due = sinceRefresh_.elapsed() >= frameTime;
+    const bool due = sinceRefresh_.elapsed() >= FrameTime;
     if (due)
         refresh();
     return due;
 }
 
 void Application::refreshInTime() {
-    const auto left = frameTime - sinceRefresh_.elapsed();
+    const auto left = FrameTime - sinceRefresh_.elapsed();
     try {
         if (!refreshIfDue() && !nextFrame_.isActive())
             nextFrame_.start(static_cast<int>(left)); // waking up is all it has to do

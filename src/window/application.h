@@ -22,7 +22,7 @@ namespace window {
 
 /// The toolkit's part of the program, with what holds for every event: one press of a key is one
 /// action, and no exception gets out of a handler, for the toolkit couldn't bear it; an event that
-/// memory fails is dropped.
+/// runs out of memory is dropped.
 class Toolkit final : public QApplication {
 public:
     Toolkit(int& argc, char** argv);
@@ -33,8 +33,8 @@ private:
 };
 
 /// Owns everything and keeps the windows in line with their forms: a window comes when its form is
-/// first shown and goes when the form is unloaded. All views look at their models once per turn of
-/// the event loop, and of a long run's turns, but at most once per frame.
+/// first shown and goes when the form is unloaded. All views look at their models at most once per
+/// turn of the event loop, or of a long run, and per frame.
 class Application : public QObject {
     Q_OBJECT
 

@@ -187,4 +187,22 @@ TEST(Memory, ALimitEndsARunWithAMessage) {
     }
 }
 
+TEST(Memory, AStartThatFailsSucceedsAtTheNextTick) {
+    failed = true;
+    for (std::int64_t at = 0; failed; at += 31) {
+        Stage stage;
+        stage.program = {};
+        failed = false;
+        for (int tick = 1; tick <= (failed ? 4 : 3); ++tick) {
+            failAfter = tick == 3 ? at : Off;
+            try {
+                Frm_Start::Timer1_Timer(stage.program);
+            } catch (const std::bad_alloc&) { }
+            failAfter = Off;
+        }
+        ASSERT_EQ(stage.program.Frm_Start.Ticks, failed ? 4 : 3);
+        ASSERT_NO_FATAL_FAILURE(holds(stage, {}, false));
+    }
+}
+
 } // namespace

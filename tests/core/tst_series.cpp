@@ -104,7 +104,7 @@ TEST(Series, ADrawIsAFloatTimesThirtySevenRoundedDown) {
     int wrong = 0;
     for (std::uint32_t draw = 0; draw < 1U << 24; ++draw) {
         const float x = static_cast<float>(draw) * 0x1p-24F;
-        wrong += files::numberOf(draw) != static_cast<int>(static_cast<double>(x) * 37.0);
+        wrong += files::toNumber(draw) != static_cast<int>(static_cast<double>(x) * 37.0);
     }
     EXPECT_EQ(wrong, 0);
 }
@@ -124,7 +124,7 @@ TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
             const std::uint32_t draw = files::draw(state);
             lowest = std::min(lowest, draw);
             highest = std::max(highest, draw);
-            const auto number = static_cast<std::size_t>(files::numberOf(draw));
+            const auto number = static_cast<std::size_t>(files::toNumber(draw));
             ++pairs.at(37 * std::exchange(before, number) + number);
         }
         double chiSquare = 0;

@@ -35,8 +35,8 @@ std::vector<std::string> heads(int family) {
         all.emplace_back(other->serialCaption);
         for (const grids::Captions& some : other->captions)
             for (int i = 0; i <= some.last - some.first; ++i)
-                all.push_back(
-                    some.number == 0 ? joined(some.text) : joined(some.text, some.number + i));
+                all.push_back(some.firstNumber ? joined(some.text, *some.firstNumber + i)
+                                               : joined(some.text));
         return all;
     }
     std::istringstream told(Told[static_cast<std::size_t>(family)]);

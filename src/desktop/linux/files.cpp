@@ -64,7 +64,7 @@ public:
 
     bool valid() const { return value_ >= 0; }
     int get() const { return value_; }
-    /// Some file systems tell only here that a write has failed. An interrupted close has closed.
+    /// Some file systems report only here that a write has failed. EINTR from close still closes.
     std::error_code close() {
         const int value = std::exchange(value_, -1);
         return value >= 0 && ::close(value) != 0 && errno != EINTR ? failure(errno)
@@ -146,7 +146,7 @@ private:
     bool shown_;
 };
 
-/// Writes to a file of its own in the target's folder and gives it the target's name at the end.
+/// Writes a temporary file in the target's folder, which commit() renames to the target.
 /// Names are looked up in the open folder, so that a renamed folder does no harm.
 class SafeWriter final : public platform::Writer {
 public:
@@ -200,7 +200,7 @@ public:
             return error_;
         }
         temporary_.clear();
-        // The new file is in its place. A folder that can't be synced has nothing to take back.
+        // The new file is in its place. A failed folder sync can't be undone.
         unbroken([&] { return ::fsync(folder_.get()); });
         error_ = std::make_error_code(std::errc::bad_file_descriptor);
         return {};
@@ -240,7 +240,7 @@ private:
         return {};
     }
 
-    /// Gives the new file the owner and the permissions of the old one as far as possible: only
+    /// Copies the owner and the permissions of the old file to the new one as far as possible: only
     /// root may give a file away, and not every file system knows permissions. What fails here
     /// leaves a file that fewer may read, never more.
     void adopt(const struct stat& old) const {

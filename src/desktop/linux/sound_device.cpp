@@ -59,7 +59,7 @@ void silenceLibraries() {
         setHandler(keepQuiet);
 }
 
-/// What fails a melody makes it silent and nothing worse: nobody has asked for it.
+/// A failure means silence, nothing worse.
 template <typename Work>
 void silently(Work work) {
     try {
@@ -82,7 +82,7 @@ std::string contents(const platform::FileName& name) {
     return error || bytes.size() > LargestMelody ? std::string() : bytes;
 }
 
-/// Whether this is a whole soundfont, as far as its head tells. FluidSynth tries other libraries on
+/// Whether this is a whole soundfont, as far as its head shows. FluidSynth tries other libraries on
 /// a file that it can't read itself, and those don't keep quiet.
 bool isSoundfont(const std::string& name) {
     std::error_code error;
@@ -104,7 +104,7 @@ Player newPlayer(const Synth& synth, const std::string& melody) {
     return player;
 }
 
-/// The melody's tick at a time in milliseconds, nothing behind its end. Tempo may change within a
+/// The melody's tick at a time in milliseconds, nothing after its end. Tempo may change within a
 /// melody, so it is played up to there, quicker than heard: at a low rate and without a font.
 std::optional<int> tickAt(const std::string& melody, std::int32_t position) {
     constexpr int Rate = 8000;
@@ -178,7 +178,7 @@ public:
 
     bool busy() const { return driver_ != nullptr; }
 
-    /// To be called now and then: gives the sound output back once the melody is over. By itself
+    /// To be called now and then: frees the sound output once the melody is over. By itself
     /// the player lets two seconds pass for the last notes to fade.
     void rest() {
         if (fluid_player_get_status(player_.get()) != FLUID_PLAYER_PLAYING)

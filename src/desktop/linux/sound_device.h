@@ -21,9 +21,8 @@ struct SoundSetup {
     static SoundSetup ofThisComputer();
 };
 
-/// A "Sequencer" and nothing else. Commands return at once; what they ask for is brought about
-/// behind the caller's back, and a command that comes before the one ahead of it is done replaces
-/// it. The computer's sound output is occupied only while the melody sounds.
+/// A "Sequencer" and nothing else. Commands return at once; a newer one replaces one not yet done.
+/// The computer's sound output is occupied only while the melody sounds.
 class SoundDevice final : public platform::MediaDevice {
 public:
     explicit SoundDevice(SoundSetup setup);

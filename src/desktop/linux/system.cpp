@@ -2,6 +2,7 @@
 // Clocks, other programs, and what stands for the registry.
 #include "desktop/linux/system.h"
 
+#include "info/system_info.h"
 #include "look/style.h"
 #include "look/text.h"
 
@@ -36,7 +37,7 @@ std::chrono::nanoseconds Clock::coarse() {
 }
 
 double Clock::secondsSinceMidnight() {
-    // Every draw of a long series asks, and the time zone is by far the dearest part of the answer.
+    // The water asks twice per cell, and the time zone is by far the dearest part of the answer.
     // Local time is changed on full quarters of an hour only, so one look at it serves till then.
     std::timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
@@ -76,15 +77,12 @@ std::uint64_t Processes::memoryLeft() {
 }
 
 void Processes::end() {
-    // Leaves all event loops, those of modal dialogs too, each behind the event it is serving.
+    // Leaves all event loops, those of modal dialogs too, each after the event it is serving.
     QCoreApplication::exit(0);
 }
 
 namespace {
 
-constexpr std::uint32_t LocalMachine = 0x80000002;
-constexpr std::string_view SystemInformationKey = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
-constexpr std::string_view PathValue = "PATH";
 constexpr platform::Registry::Key OnlyKey = 1;
 
 /// Programs that show the system's information when started without arguments or privileges. Those
@@ -104,14 +102,15 @@ std::string systemInformation() {
 } // namespace
 
 std::optional<platform::Registry::Key> Registry::open(std::uint32_t root, std::string_view name) {
-    if (root != LocalMachine || name != SystemInformationKey || systemInformation().empty())
+    if (root != info::HkeyLocalMachine || name != info::SystemInformationKey
+        || systemInformation().empty())
         return std::nullopt;
     return OnlyKey;
 }
 
 std::optional<std::uint32_t> Registry::query(
     Key key, std::string_view value, std::span<char> buffer, std::size_t& size) {
-    if (key != OnlyKey || value != PathValue)
+    if (key != OnlyKey || value != info::SystemInformationPath)
         return std::nullopt;
     const std::string path = systemInformation();
     size = path.size() + 1; // texts end with a NUL

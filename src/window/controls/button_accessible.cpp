@@ -10,7 +10,7 @@ namespace window {
 namespace {
 
 /// The toolkit's own interface swallows a press that follows another one quickly, ticks a check box
-/// past its handler and tells only the part of a check box's place that its text covers.
+/// past its handler and reports only the part of a check box's place that its text covers.
 class ButtonAccessible : public QAccessibleWidget {
 public:
     ButtonAccessible(QAbstractButton* button, QAccessible::Role role)

@@ -8,15 +8,11 @@
 #include <QCheckBox>
 #include <QPushButton>
 
-namespace forms::plan {
-struct Control;
-}
-
 class QAccessibleInterface;
 
 namespace window {
 
-/// The toolkit plays a short animation when a button's access key is hit, clicks behind it, and
+/// The toolkit plays a short animation when a button's access key is hit, clicks after it, and
 /// swallows whatever comes meanwhile. This button clicks at once.
 class CommandButton : public QPushButton {
     Q_OBJECT

@@ -104,7 +104,7 @@ private:
     mutable PaintedItems entries_; // come into being with the box's own
 };
 
-/// The toolkit's own interface tells the chosen entry in place of the name.
+/// The toolkit's own interface reports the chosen entry in place of the name.
 class FamilyAccessible : public QAccessibleWidget, public ShownText {
 public:
     explicit FamilyAccessible(FamilyBox* box)

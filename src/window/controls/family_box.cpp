@@ -18,7 +18,7 @@ namespace window {
 FamilyBox::FamilyBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : QComboBox(parent), session_(session), index_(static_cast<std::size_t>(control.index)) {
     look::applyRow(control, *this);
-    view()->setAccessibleName(QStringLiteral("Sortierung"));
+    view()->setAccessibleName(look::toText(control.spoken));
     connect(this, &QComboBox::activated, this, &FamilyBox::choose);
 }
 

@@ -15,9 +15,9 @@ namespace window {
 
 namespace {
 
-constexpr int captionLeft = 9; // from the panel's edge to the first letter
-constexpr int captionGap = 3; // free space beside the caption
-constexpr qreal radius = 4;
+constexpr int CaptionLeft = 9; // from the panel's edge to the first letter
+constexpr int CaptionGap = 3; // free space beside the caption
+constexpr qreal Radius = 4;
 
 /// The outermost line of a rectangle that lies on whole pixels of the screen, also where the
 /// screen's factor or the panel's place is a fraction.
@@ -43,19 +43,19 @@ void FramePanel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QFontMetrics metrics(captionFont_);
-    const QRect caption(captionLeft, 0, metrics.horizontalAdvance(title()), metrics.height());
+    const QRect caption(CaptionLeft, 0, metrics.horizontalAdvance(title()), metrics.height());
 
     const qreal lineWidth = std::max(1.0, std::floor(devicePixelRatioF())); // of the screen
     const int captionMiddle = caption.height() / 2;
     const QRectF border
         = crispBorder(painter, QRectF(rect().adjusted(0, captionMiddle, 0, 0)), lineWidth);
     QPainterPath outline;
-    outline.addRoundedRect(border, radius, radius);
+    outline.addRoundedRect(border, Radius, Radius);
     QPen pen(look::toColor(forms::plan::PanelBorderColor), lineWidth);
     pen.setCosmetic(true);
     painter.setPen(pen);
     painter.save();
-    const QRect gap = caption.adjusted(-captionGap, 0, captionGap, 0);
+    const QRect gap = caption.adjusted(-CaptionGap, 0, CaptionGap, 0);
     painter.setClipRegion(QRegion(rect()) - gap);
     painter.drawPath(outline);
     painter.restore();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tells a key that is held down from one that is pressed again.
+// Distinguishes a key that is held down from one that is pressed again.
 #include "window/controls/held_keys.h"
 
 #include <QApplication>

@@ -15,7 +15,7 @@ PictureBox::PictureBox(look::Picture picture, const forms::plan::Control& contro
     const QString& name, QWidget* parent)
     : QLabel(parent), picture_(picture) {
     look::applyRow(control, *this);
-    // Only a label that has a picture is told to screen readers as one.
+    // Only a label that has a picture is announced as one.
     setPixmap(QPixmap::fromImage(look::loadPicture(picture, 1)));
     setAccessibleName(name);
 }

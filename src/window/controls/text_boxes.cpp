@@ -45,7 +45,7 @@ void TextBoxView::refresh() {
 
 namespace {
 
-constexpr char16_t enter = 13;
+constexpr char16_t Enter = 13;
 
 /// Whether a key types a character, by the rule of the text box below: Ctrl makes it a command, but
 /// Ctrl with Alt is how some keyboards reach their third level, and characters that can't be seen
@@ -77,8 +77,8 @@ bool CountBox::passes(QChar typed) const {
 
 void CountBox::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        passes(QChar(enter));
-        // What was typed is done with. The undo key means the coups from here on.
+        passes(QChar(Enter));
+        // The text is committed; undo now means coups.
         setText(text());
         return;
     }
@@ -107,14 +107,14 @@ void CountBox::inputMethodEvent(QInputMethodEvent* event) {
 
 namespace {
 
-constexpr int focusInset = 3; // pixels
+constexpr int FocusInset = 3; // pixels
 
 } // namespace
 
 MarkingBox::MarkingBox(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : TextBoxView(session, control, parent) {
     setReadOnly(true);
-    setTextMargins(focusInset, 0, focusInset, 0); // clear of the frame around it
+    setTextMargins(FocusInset, 0, FocusInset, 0); // clear of the frame around it
     setCursor(Qt::PointingHandCursor);
 }
 
@@ -149,7 +149,7 @@ void MarkingBox::paintEvent(QPaintEvent* event) {
     // No caret blinks here, and the usual frame is lost around the blue of a box with a value.
     QPainter painter(this);
     painter.setPen(QPen(palette().color(QPalette::Text), 1, Qt::DotLine));
-    painter.drawRect(rect().adjusted(focusInset, focusInset, -focusInset - 1, -focusInset - 1));
+    painter.drawRect(rect().adjusted(FocusInset, FocusInset, -FocusInset - 1, -FocusInset - 1));
 }
 
 } // namespace window

@@ -33,19 +33,19 @@ using plan::Name;
 
 namespace {
 
-constexpr int undoButton = 0;
-constexpr int resetButton = 1;
+constexpr int UndoButton = 0;
+constexpr int ResetButton = 1;
 constexpr int TableauPanel = 3;
-constexpr int labelGap = 2; // pixels between a label and the control behind it
+constexpr int LabelGap = 2; // pixels between a label and the control after it
 
 /// The frame a window manager usually draws, until the real one is known.
-constexpr QMargins likelyFrame(4, 30, 4, 4);
+constexpr QMargins LikelyFrame(4, 30, 4, 4);
 
 bool besideEachOther(const controls::Rect& one, const controls::Rect& other) {
     return one.top < other.bottom() && other.top < one.bottom();
 }
 
-/// The width in pixels from a label's left edge to what stands behind it: the next control, or
+/// The width in pixels from a label's left edge to what stands after it: the next control, or
 /// the panel's edge.
 int roomOf(
     const plan::Control& label, std::span<const plan::Control> neighbours, const QWidget& panel) {
@@ -54,7 +54,7 @@ int roomOf(
     for (const plan::Control& other : neighbours)
         if (other.place.left > label.place.left && besideEachOther(label.place, other.place))
             end = std::min(end, look::toPixels(other.place).left());
-    return end - labelGap - place.left();
+    return end - LabelGap - place.left();
 }
 
 /// A palette whose disabled colours are the usual ones: locking the window for a run then shows no
@@ -158,9 +158,8 @@ QWidget* MainWindow::buildTextBox(const plan::Control& control, QWidget* panel) 
 
 QWidget* MainWindow::buildButton(const plan::Control& control, QWidget* panel) {
     auto* button = new CommandButton(control, panel);
-    if (control.index == resetButton) {
-        // Its letter is the undo button's. With two owners the key would press neither, and the
-        // one that can't be taken back must not be the lucky one.
+    if (control.index == ResetButton) {
+        // A shared key presses neither; reset can't be undone, so it gets none.
         button->setText(button->text().remove(u'&'));
         button->setShortcut({});
     }
@@ -174,13 +173,13 @@ void MainWindow::addUndoKey() {
     // Owned by the content, so that it is locked along with it.
     auto* undo = new QShortcut(QKeySequence::Undo, area_->widget());
     connect(undo, &QShortcut::activated, this,
-        [this] { Frm_Main::xpButton_Click(session_.program, session_.platform, undoButton); });
+        [this] { Frm_Main::xpButton_Click(session_.program, session_.platform, UndoButton); });
 }
 
 void MainWindow::fitToScreen() {
     const QWindow* frame = windowHandle();
     const QMargins margins
-        = frame && !frame->frameMargins().isNull() ? frame->frameMargins() : likelyFrame;
+        = frame && !frame->frameMargins().isNull() ? frame->frameMargins() : LikelyFrame;
     const QRect room = screen()->availableGeometry().marginsRemoved(margins);
     QSize size = area_->widget()->size() + QSize(0, menuBar()->sizeHint().height());
     // One pixel more than it takes: at a broken scale a size is rounded to whole screen pixels.

@@ -12,7 +12,6 @@
 #include <span>
 #include <vector>
 
-class QAction;
 class QMenu;
 class QScrollArea;
 

@@ -21,13 +21,13 @@ namespace plan = forms::plan;
 
 namespace {
 
-constexpr int barSteps = 10000; // the bar counts in whole numbers, the model doesn't
-constexpr int statusMargin = 8; // pixels
+constexpr int BarSteps = 10000; // the bar counts in whole numbers, the model doesn't
+constexpr int StatusMargin = 8; // pixels
 
 int stepOf(const controls::ProgressBar& bar) {
     if (bar.Max <= 0)
         return 0; // a maximum of 0 would show a bar without end
-    return static_cast<int>(barSteps * std::clamp(bar.Value / bar.Max, 0.0, 1.0));
+    return static_cast<int>(BarSteps * std::clamp(bar.Value / bar.Max, 0.0, 1.0));
 }
 
 } // namespace
@@ -43,10 +43,10 @@ ProgressWindow::ProgressWindow(const Session& session, QWidget* owner)
     constexpr const plan::Control& bar = plan::rowOf(plan::Progress, plan::Name::xpProgress);
     constexpr const plan::Control& button = plan::rowOf(plan::Progress, plan::Name::xpButton);
     status_ = new FittedLabel(
-        status, width() - look::toPixels(status.place).left() - statusMargin, this);
+        status, width() - look::toPixels(status.place).left() - StatusMargin, this);
     bar_ = new QProgressBar(this);
     look::applyRow(bar, *bar_);
-    bar_->setRange(0, barSteps);
+    bar_->setRange(0, BarSteps);
     bar_->setTextVisible(false);
     button_ = new CommandButton(button, this);
     button_->setAutoDefault(false); // the Enter that started the run must not end it

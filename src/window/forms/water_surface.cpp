@@ -16,20 +16,20 @@ namespace window {
 
 namespace {
 
-constexpr std::chrono::milliseconds frameTime{16};
-constexpr int border = 2; // pixels
+constexpr std::chrono::milliseconds FrameTime{16};
+constexpr int Border = 2; // pixels
 
-constexpr int pictureSize = 148; // pixels
-constexpr controls::Color pictureGround = controls::rgb(192, 192, 192);
+constexpr int PictureSize = 148; // pixels
+constexpr controls::Color PictureGround = controls::rgb(192, 192, 192);
 
 /// The still picture with a cell of its ground beyond the right and the lower edge: the last cells
 /// lie there, since the surface's size in cells is rounded up.
 QImage stillPicture(qreal ratio, int fineness) {
-    const int size = (pictureSize + Unterwassereffekt::CellSize) * fineness;
+    const int size = (PictureSize + Unterwassereffekt::CellSize) * fineness;
     QImage ground(size, size, QImage::Format_RGB32);
-    ground.fill(look::toColor(pictureGround));
+    ground.fill(look::toColor(PictureGround));
     QPainter painter(&ground);
-    painter.drawImage(QRect(0, 0, pictureSize * fineness, pictureSize * fineness),
+    painter.drawImage(QRect(0, 0, PictureSize * fineness, PictureSize * fineness),
         look::loadPicture(look::Picture::Icon, ratio));
     return ground;
 }
@@ -43,12 +43,12 @@ WaterSurface::WaterSurface(
     setObjectName(look::controlName(control.name, control.index));
     setAccessibleName(QStringLiteral("Programmsymbol unter Wasser"));
     setFrameStyle(QFrame::WinPanel | QFrame::Sunken);
-    setLineWidth(border);
+    setLineWidth(Border);
     setGeometry(look::toPixels(control.place));
     surface_ = QImage(contentsRect().size() * fineness_, QImage::Format_RGB32);
     surface_.fill(look::toColor(controls::ActiveTitle));
     timer_.setTimerType(Qt::PreciseTimer);
-    timer_.setInterval(frameTime);
+    timer_.setInterval(FrameTime);
     connect(&timer_, &QTimer::timeout, this, &WaterSurface::animate);
 }
 

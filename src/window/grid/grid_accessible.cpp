@@ -58,7 +58,7 @@ int GridAccessible::childCount() const {
 }
 
 int GridAccessible::indexOf(std::int64_t row, int column) const {
-    const std::int64_t index = (row + 1) * columnCount() + column;
+    const qint64 index = keyOf(row, column);
     return index <= std::numeric_limits<int>::max() ? static_cast<int>(index) : -1;
 }
 
@@ -86,7 +86,7 @@ QAccessibleInterface* GridAccessible::cellAt(int row, int column) const {
 QAccessibleInterface* GridAccessible::cell(std::int64_t row, int column) const {
     if (!view() || column < 0 || column >= columnCount() || row >= view()->grid().RowCount())
         return nullptr;
-    const qint64 key = (row + 1) * columnCount() + column;
+    const qint64 key = keyOf(row, column);
     if (const auto found = cells_.constFind(key); found != cells_.cend())
         return QAccessible::accessibleInterface(*found);
     if (cells_.size() >= MaxCells)

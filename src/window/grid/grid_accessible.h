@@ -62,6 +62,7 @@ public:
 
 private:
     GridView* view() const;
+    qint64 keyOf(std::int64_t row, int column) const { return (row + 1) * columnCount() + column; }
 
     mutable QHash<qint64, QAccessible::Id> cells_; // by place among the children
     mutable QQueue<qint64> order_; // oldest first

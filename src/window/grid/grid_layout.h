@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/grid.h"
+#include "grids/families.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -25,7 +26,7 @@ struct GridLayout {
 
     static constexpr int HeaderHeight = 20;
     static constexpr int RowHeight = 17; ///< with lines and without, so that no row moves
-    static constexpr controls::Twips ScrollBarWidth = 310;
+    static constexpr controls::Twips ScrollBarWidth = grids::ScrollBarWidth;
 
     std::vector<Column> columns;
     bool lines = false;

@@ -129,7 +129,7 @@ void GridPainter::drawGround(QPainter& painter, const QRect& area, int rowsEnd) 
 }
 
 void GridPainter::drawSerial(QPainter& painter, std::int64_t row, int y) {
-    // Neighbouring rows share their thousands, so hardly a number has to be drawn anew, and a
+    // Neighbouring rows share their thousands, so hardly a number has to be drawn again, and a
     // long one takes about as little time as a short one.
     const QString text = QString::number(row);
     const SerialLook& look = serialLook(text.size());

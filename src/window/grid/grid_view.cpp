@@ -45,7 +45,7 @@ public:
         return width_ > 0 ? QSize(width_, QScrollBar::sizeHint().height()) : QScrollBar::sizeHint();
     }
 
-    /// Takes in all of a permanence's new place before it looks whether that moves a pixel.
+    /// Takes over range and value together, then checks whether a pixel moves.
     void adopt(int page, int end, int row) {
         adopting_ = true;
         setPageStep(page);

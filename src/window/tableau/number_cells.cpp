@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Drawing and wording of number cells.
 #include "window/tableau/number_cells.h"
-#include "look/text.h"
 
 #include "chances/chancentabelle.h"
+#include "look/text.h"
 #include "stats/counters.h"
 #include "stats/tableau.h"
 
@@ -19,7 +19,7 @@ namespace window {
 namespace {
 
 /// Below this, large bold digits are hard to make out.
-constexpr double readable = 3.0;
+constexpr double Readable = 3.0;
 
 double linear(double part) {
     return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -30,8 +30,8 @@ double luminance(const QColor& color) {
         + 0.0722 * linear(color.blueF());
 }
 
-/// Red and black get a white edge, so that red never looks like black to eyes that don't tell red
-/// from green; the light colours get a black one.
+/// Red and black get a white edge, so that red never looks like black to eyes that confuse red
+/// and green; the light colours get a black one.
 QColor edgeFor(const QColor& fore) {
     const bool dark
         = fore == look::toColor(controls::Red) || fore == look::toColor(controls::Black);
@@ -57,7 +57,7 @@ struct Word {
     std::string_view code;
     std::string_view word;
 };
-constexpr std::array words{
+constexpr std::array Words{
     Word{"N", "Noir"},
     Word{"R", "Rouge"},
     Word{"P", "Pair"},
@@ -67,7 +67,7 @@ constexpr std::array words{
 };
 
 QString inWords(std::string_view code) {
-    for (const Word& row : words)
+    for (const Word& row : Words)
         if (row.code == code)
             return look::toText(row.word);
     return {};
@@ -106,7 +106,7 @@ void drawDigits(QPainter& painter, const QRect& rect, Qt::Alignment alignment, c
     const QPoint corner(leftOf(rect, alignment, digits.width),
         baselineOf(rect, alignment, digits.height) - digits.ascent);
     painter.setFont(digits.font);
-    if (contrast(fore, back) < readable) {
+    if (contrast(fore, back) < Readable) {
         painter.setPen(edgeFor(fore));
         for (const QPoint offset : {QPoint(-1, -1), QPoint(0, -1), QPoint(1, -1), QPoint(-1, 0),
                  QPoint(1, 0), QPoint(-1, 1), QPoint(0, 1), QPoint(1, 1)})

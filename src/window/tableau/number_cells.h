@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What pad and tableau share: numbers drawn so that they can be read on any of their grounds, and
-// what a number's cell tells a screen reader.
+// how a screen reader describes a number's cell.
 #pragma once
 
 #include "forms/program.h"

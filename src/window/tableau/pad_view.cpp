@@ -22,24 +22,24 @@ namespace plan = forms::plan;
 
 namespace {
 
-constexpr int columns = 3;
-constexpr int lastNumber = chances::NumberCount - 1;
+constexpr int Columns = 3;
+constexpr int LastNumber = chances::NumberCount - 1;
 
 /// The cell that an arrow key leads to: three columns with the zero above them. At an edge the
 /// cell stays.
 int neighbour(int number, int key) {
     if (number == 0)
         return key == Qt::Key_Down ? 2 : 0;
-    const int column = (number - 1) % columns;
+    const int column = (number - 1) % Columns;
     switch (key) {
     case Qt::Key_Left:
         return column > 0 ? number - 1 : number;
     case Qt::Key_Right:
-        return column < columns - 1 ? number + 1 : number;
+        return column < Columns - 1 ? number + 1 : number;
     case Qt::Key_Up:
-        return std::max(number - columns, 0);
+        return std::max(number - Columns, 0);
     case Qt::Key_Down:
-        return number + columns <= lastNumber ? number + columns : number;
+        return number + Columns <= LastNumber ? number + Columns : number;
     default:
         return number;
     }
@@ -69,7 +69,7 @@ PadView::PadView(const Session& session, const plan::Control& control, QWidget* 
 }
 
 void PadView::refresh() {
-    for (int number = 0; number <= lastNumber; ++number) {
+    for (int number = 0; number <= LastNumber; ++number) {
         Cell& cell = cells_[static_cast<std::size_t>(number)];
         const controls::CellColors colors = M_Tableau::padColors(program(), number);
         const std::int64_t count = M_Chancen::Anz_Plein(program(), number);
@@ -80,7 +80,7 @@ void PadView::refresh() {
         cell.colors = colors;
         cell.count = count;
     }
-    // Nobody can listen to the single coups of a long run; its end is told.
+    // Nobody can listen to the single coups of a long run; its end is announced.
     if (takesInput())
         tellChanges();
     else
@@ -88,7 +88,7 @@ void PadView::refresh() {
 }
 
 void PadView::tellChanges() {
-    for (int number = 0; untold_ != 0 && number <= lastNumber; ++number)
+    for (int number = 0; untold_ != 0 && number <= LastNumber; ++number)
         if (chances::contains(untold_, number))
             tell(QAccessible::DescriptionChanged, number);
     untold_ = 0;
@@ -130,7 +130,7 @@ void PadView::setCurrent(int number) {
 
 int PadView::cellAt(const QPoint& point) const {
     // Neighbours share an edge; the later cell lies in front.
-    for (int number = lastNumber; number >= 0; --number)
+    for (int number = LastNumber; number >= 0; --number)
         if (cellRect(number).contains(point))
             return number;
     return -1;
@@ -166,7 +166,7 @@ void PadView::drawFocus(QPainter& painter) const {
 void PadView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), look::toColor(controls::Cloth));
-    for (int number = 0; number <= lastNumber; ++number)
+    for (int number = 0; number <= LastNumber; ++number)
         if (event->region().intersects(cellRect(number)))
             drawCell(painter, number);
     if (hasFocus())
@@ -247,14 +247,14 @@ void PadView::moveBy(int key) {
     if (key == Qt::Key_Home)
         setCurrent(0);
     else if (key == Qt::Key_End)
-        setCurrent(lastNumber);
+        setCurrent(LastNumber);
     else
         setCurrent(neighbour(current_, key));
 }
 
 void PadView::typeDigit(int digit) {
     const int both = 10 * firstDigit_ + digit;
-    const bool second = firstDigit_ > 0 && both <= lastNumber;
+    const bool second = firstDigit_ > 0 && both <= LastNumber;
     setCurrent(second ? both : digit);
     firstDigit_ = second ? 0 : digit;
 }
@@ -262,7 +262,7 @@ void PadView::typeDigit(int digit) {
 void PadView::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     updateCell(current_);
-    // The toolkit tells of the widget's focus behind this event; the cell has the last word.
+    // The toolkit announces the widget's focus after this event; the cell comes last.
     QMetaObject::invokeMethod(this, &PadView::tellFocus, Qt::QueuedConnection);
 }
 

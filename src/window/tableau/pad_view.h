@@ -53,7 +53,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    /// A cell as it was drawn and told last.
+    /// A cell as it was drawn and announced last.
     struct Cell {
         QRect place;
         Digits digits;
@@ -80,12 +80,12 @@ private:
 
     Session session_;
     std::array<Cell, chances::NumberCount> cells_;
-    chances::NumberSet untold_ = 0; ///< changed since a screen reader was told
+    chances::NumberSet untold_ = 0; ///< changed since the last announcement
     int current_ = 0;
     int hovered_ = -1; ///< under the pointer
     int pressed_ = -1; ///< held down by mouse or key
     bool byMouse_ = false;
-    int firstDigit_ = 0; ///< of a number being typed; 0 while a digit starts anew
+    int firstDigit_ = 0; ///< of a number being typed; 0 while a digit starts a number
 };
 
 /// What a screen reader meets of a PadView: a group of 37 buttons; null for any other object. A

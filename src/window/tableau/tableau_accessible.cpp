@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Interfaces of the roulette layout and its items.
+// Interfaces of the tableau and its items.
 #include "window/tableau/tableau_view.h"
 
 #include "window/controls/painted_item.h"

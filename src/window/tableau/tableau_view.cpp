@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Painting of the roulette layout.
+// Painting of the tableau.
 #include "window/tableau/tableau_view.h"
-#include "look/text.h"
 
+#include "look/text.h"
 #include "stats/counters.h"
 #include "stats/tableau.h"
 
@@ -25,12 +25,12 @@ namespace {
 
 // Number and count share a cell: the number above, the count below it. In the wide cell of the
 // zero both keep to the badge, because labels lie over the cell's ends.
-constexpr int numberTop = 4; // pixels from the upper edge to the digits
-constexpr int badgeBottom = 3; // pixels from the digits to the lower edge
-constexpr int badgeMargin = 1; // pixels beside the widest count
-constexpr int labelIndent = 2; // pixels before a caption, which begins with a blank itself
+constexpr int NumberTop = 4; // pixels from the upper edge to the digits
+constexpr int BadgeBottom = 3; // pixels from the digits to the lower edge
+constexpr int BadgeMargin = 1; // pixels beside the widest count
+constexpr int LabelIndent = 2; // pixels before a caption, which begins with a blank itself
 
-/// An outline as wide as told, half of it within the rectangle.
+/// An outline of a width, half of it within the rectangle.
 void drawOutline(QPainter& painter, const QRect& rect, int width, const QColor& color) {
     const int out = width / 2;
     const int in = width - out;
@@ -56,7 +56,7 @@ QPointF toPoint(controls::Twips x, controls::Twips y) {
     return {static_cast<qreal>(controls::toPixels(x)), static_cast<qreal>(controls::toPixels(y))};
 }
 
-void drawLayout(QPainter& painter) {
+void drawGround(QPainter& painter) {
     std::for_each(plan::Shapes.rbegin(), plan::Shapes.rend(),
         [&](const plan::Shape& shape) { drawShape(painter, shape); });
     painter.save();
@@ -79,7 +79,7 @@ TableauView::TableauView(const Session& session, QWidget* panel)
         labels_[i].plan = &plan::CounterLabels[i];
         labels_[i].place = look::toPixels(plan::CounterLabels[i].place);
         // The panel's edge cuts some labels off; their texts keep within what is seen.
-        labels_[i].room = labels_[i].place.intersected(rect()).adjusted(labelIndent, 0, -1, 0);
+        labels_[i].room = labels_[i].place.intersected(rect()).adjusted(LabelIndent, 0, -1, 0);
         covered_ += labels_[i].place;
     }
     for (std::size_t i = 0; i < cells_.size(); ++i) {
@@ -97,7 +97,7 @@ void TableauView::refresh() {
         refreshLabel(i);
     for (int number = 0; number < chances::NumberCount; ++number)
         refreshCell(number);
-    // Nobody can listen to the single coups of a long run; its end is told.
+    // Nobody can listen to the single coups of a long run; its end is announced.
     if (program().Frm_Main.Enabled)
         tellChanges();
     else
@@ -134,7 +134,7 @@ void TableauView::refreshCell(int number) {
     if (count != cell.count) {
         untold_[FirstBadge + item] = true;
         cell.fit = look::refitted(
-            cell.fit, look::toFont(plan::BadgeFont), count, cell.badge.width() - 2 * badgeMargin);
+            cell.fit, look::toFont(plan::BadgeFont), count, cell.badge.width() - 2 * BadgeMargin);
         cell.countDigits = layOut(cell.fit);
     }
     cell.colors = colors;
@@ -194,7 +194,7 @@ void TableauView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     // Items hide what lies behind them; a run changes little else.
     if (!event->region().subtracted(covered_).isEmpty())
-        drawLayout(painter);
+        drawGround(painter);
     for (int number = 0; number < chances::NumberCount; ++number)
         if (event->region().intersects(itemRect(FirstNumber + number)))
             drawCell(painter, number);
@@ -207,9 +207,9 @@ void TableauView::drawCell(QPainter& painter, int number) const {
     const Cell& cell = cells_[static_cast<std::size_t>(number)];
     const QColor back = look::toColor(number == hovered_ ? plan::HoverBack : cell.colors.BackColor);
     painter.fillRect(cell.place, back);
-    drawDigits(painter, cell.badge.adjusted(0, numberTop, 0, 0), Qt::AlignTop | Qt::AlignHCenter,
+    drawDigits(painter, cell.badge.adjusted(0, NumberTop, 0, 0), Qt::AlignTop | Qt::AlignHCenter,
         cell.digits, look::toColor(cell.colors.ForeColor), back);
-    drawDigits(painter, cell.badge.adjusted(badgeMargin, 0, -badgeMargin, -badgeBottom),
+    drawDigits(painter, cell.badge.adjusted(BadgeMargin, 0, -BadgeMargin, -BadgeBottom),
         Qt::AlignBottom | Qt::AlignHCenter, cell.countDigits, look::toColor(cell.countColor), back);
 }
 

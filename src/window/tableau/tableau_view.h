@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture of the roulette layout with its numbers, count badges and counter labels.
+// The tableau with its numbers, count badges and counter labels.
 #pragma once
 
 #include "chances/chancentabelle.h"
@@ -18,7 +18,7 @@ class QAccessibleInterface;
 namespace window {
 
 /// Everything painted on the panel "Tableau", in one widget over the whole panel; it is see-through
-/// where the layout doesn't reach. Labels, numbers and badges are its items, known by one index:
+/// where the tableau doesn't reach. Labels, numbers and badges are its items, known by one index:
 /// first the labels in the plan's order, then the 37 numbers, then their 37 badges. A number turns
 /// blue under the pointer; nothing here takes clicks.
 class TableauView final : public QWidget, public View {
@@ -83,7 +83,7 @@ private:
     std::array<Label, forms::plan::CounterLabels.size()> labels_;
     std::array<Cell, chances::NumberCount> cells_;
     QRegion covered_; ///< by labels and numbers
-    std::array<bool, ItemCount> untold_{}; ///< changed since a screen reader was told
+    std::array<bool, ItemCount> untold_{}; ///< changed since the last announcement
     int hovered_ = -1; ///< number under the pointer
 };
 
