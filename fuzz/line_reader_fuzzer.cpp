@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 // Throws any bytes, cut into blocks at any place, at the file reader and compares it with a plain
-// one; now and then at the whole load.
+// one.
 //
 // The first two bytes of an input say how the rest is cut, so that the fuzzer can steer that too.
 #include "files/line_reader.h"
-#include "support/stage.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
-
-constexpr std::size_t MostCoups = 100'000;
-constexpr unsigned LoadEvery = 256; // it takes that much longer than the reader alone
 
 void demand(bool holds, const char* what) {
     if (holds)
@@ -79,31 +79,10 @@ void readInBlocks(std::string_view text, unsigned random, const std::vector<int>
         text.remove_prefix(length);
     }
     reader.finish();
-    const auto& numbers = reader.numbers();
+    auto& numbers = reader.numbers();
     demand(numbers.size() == static_cast<std::int64_t>(wanted.size()), "count of valid lines");
     for (std::size_t i = 0; i < wanted.size(); ++i)
         demand(numbers[static_cast<std::int64_t>(i)] == wanted[i], "number of a line");
-}
-
-void load(std::string_view text, unsigned random, const std::vector<int>& wanted) {
-    static support::Stage stage;
-    if (stage.main.Coup > static_cast<std::int64_t>(MostCoups))
-        stage.reset();
-    const std::int64_t before = stage.main.Coup;
-    const int last = wanted.empty() ? stage.main.Plein : wanted.back();
-    stage.files.blockSize = nextLength(random, 5000);
-    stage.clock.step = std::chrono::milliseconds(random % 20);
-    stage.load(std::string(text));
-    const forms::MainForm& form = stage.main;
-    demand(stage.dialogs.messages.empty(), "a message");
-    demand(form.Coup == before + static_cast<std::int64_t>(wanted.size()), "count of coups");
-    demand(form.Plein == last && form.Enabled && !form.inHandler, "state after the load");
-    demand(form.Grid[0].RowCount() == form.Coup && form.Grid[1].RowCount() == form.Coup, "rows");
-    for (std::size_t i = 0; i < wanted.size(); i += 1 + wanted.size() / 8)
-        demand(form.Grid[1].Row(before + 1 + static_cast<std::int64_t>(i)).Cell(2)
-                == std::to_string(wanted[i]),
-            "number in the store");
-    stage.dialogs.asked.clear();
 }
 
 } // namespace
@@ -111,12 +90,7 @@ void load(std::string_view text, unsigned random, const std::vector<int>& wanted
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2)
         return 0;
-    const unsigned random = data[0] + 256U * data[1];
     const std::string text(data + 2, data + size);
-    const std::vector<int> wanted = plainly(text);
-    readInBlocks(text, random, wanted);
-    static unsigned runs = 0;
-    if (runs++ % LoadEvery == 0)
-        load(text, random, wanted);
+    readInBlocks(text, data[0] + 256U * data[1], plainly(text));
     return 0;
 }

@@ -5,9 +5,9 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev qt6-tran
     libfluidsynth-dev timgm6mb-soundfont fonts-liberation2"
 test_packages="libgtest-dev desktop-file-utils appstream mandoc abcmidi"
 check_packages="clang-format clang-tidy clang libclang-rt-14-dev"
-trial_packages="xvfb openbox xdotool x11-utils imagemagick dbus at-spi2-core python3-pyatspi
-    gir1.2-atspi-2.0 fonts-dejavu-core qt6-gtk-platformtheme llvm valgrind lintian file dpkg-dev
-    procps"
+trial_packages="xvfb openbox xdotool wmctrl x11-utils x11-xkb-utils imagemagick dbus at-spi2-core
+    python3-pyatspi python3-numpy gir1.2-atspi-2.0 fonts-dejavu-core qt6-gtk-platformtheme"
+package_packages="lintian file dpkg-dev debootstrap"
 
 # need PACKAGE...: installs those that aren't there, with sudo where that takes it.
 need() {

@@ -279,7 +279,7 @@ consteval auto counterLabels() {
         label(Name::XPLabel_D, 3, {4860, 8400, 495, 495}, Yellow),
     };
     // A row and each border between two; the zero's two threes.
-    std::array<GradientLabel, edges.size() + 2 * TableauRows - 1 + 2> labels{};
+    std::array<GradientLabel, edges.size() + TableauRows + (TableauRows - 1) + 2> labels{};
     auto* next = std::copy(edges.begin(), edges.end(), labels.begin());
     for (int i = 1; i <= TableauRows; ++i)
         *next++ = label(Name::XPLabel_TVP, i, {1800, rowTop(i - 1), 1335, 495}, Rose);
