@@ -32,6 +32,10 @@ install(FILES ${made}/${KESTRELWOOD_ID}.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(DIRECTORY ${data}/icons/hicolor DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
 
+# The handbook lies beside its pictures.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    FILES_MATCHING PATTERN handbuch.md PATTERN *.png)
+
 # Compressed without name and time, so that the same sources give the same bytes.
 find_program(GZIP gzip REQUIRED)
 set(compressed)

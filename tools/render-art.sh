@@ -26,7 +26,7 @@ opaque() {
 
 for size in 16 22 24 32 48 64 128 256; do
     source=symbol.svg
-    [ "$size" -gt 24 ] || source=symbol-small.svg
+    [ "$size" -gt 32 ] || source=symbol-small.svg
     dir=$data/icons/hicolor/${size}x$size/apps
     mkdir -p "$dir"
     rsvg-convert --width "$size" --height "$size" "$art/$source" --output "$dir/$name.png"
