@@ -31,6 +31,9 @@ constexpr std::size_t LargestMelody = std::size_t{4} << 20U;
 constexpr double Gain = 0.5;
 constexpr int PeriodSize = 512; ///< frames; three of them are 35 ms
 constexpr int Periods = 3;
+constexpr milliseconds BufferTime{36};
+constexpr milliseconds FadeStep{4};
+constexpr int FadeSteps = 10;
 
 template <auto Delete>
 struct Deleter {
@@ -169,11 +172,15 @@ public:
     }
 
     void stop() {
+        if (driver_)
+            fade();
         // The player may only go when nothing asks the synthesizer for sound any more.
         driver_.reset();
         player_.reset();
-        if (synth_)
-            fluid_synth_system_reset(synth_.get());
+        if (!synth_)
+            return;
+        fluid_synth_system_reset(synth_.get());
+        setLoudness(1);
     }
 
     bool busy() const { return driver_ != nullptr; }
@@ -186,6 +193,28 @@ public:
     }
 
 private:
+    /// Sound that breaks off is heard as a click. The silence at the end is to outlast what the
+    /// driver has still to play, for that goes with it.
+    void fade() {
+        for (int step = FadeSteps - 1; step >= 0; --step) {
+            setLoudness(static_cast<double>(step) / FadeSteps);
+            std::this_thread::sleep_for(step > 0 ? FadeStep : BufferTime);
+        }
+    }
+
+    /// Of the notes and of their echo, which would go on without them. Only the notes' loudness
+    /// glides from step to step, so the last steps are the smallest.
+    void setLoudness(double part) {
+        const auto setLevel = [&](const char* name, auto set) {
+            double level = 0;
+            fluid_settings_getnum_default(settings_.get(), name, &level);
+            set(synth_.get(), -1, level * part * part);
+        };
+        setLevel("synth.reverb.level", fluid_synth_set_reverb_group_level);
+        setLevel("synth.chorus.level", fluid_synth_set_chorus_group_level);
+        fluid_synth_set_gain(synth_.get(), static_cast<float>(Gain * part * part));
+    }
+
     Settings newSettings() const {
         Settings settings(new_fluid_settings());
         fluid_settings_setint(settings.get(), "synth.dynamic-sample-loading", 1);
