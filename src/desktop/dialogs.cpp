@@ -10,12 +10,16 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTreeView>
+#include <QUrl>
 
 #include <utility>
 
@@ -56,14 +60,15 @@ class FileDialog final : public QFileDialog {
 public:
     FileDialog(QWidget* parent, AcceptMode mode, std::string_view title,
         const platform::Filter& filter, const platform::FileName& last)
-        : QFileDialog(parent, titleOf(title)) {
+        : QFileDialog(parent, titleOf(title)), suffix_(look::toText(filter.pattern).remove(u'*')) {
         setOptions(DontUseNativeDialog | DontConfirmOverwrite);
         setFileMode(AnyFile);
         setAcceptMode(mode);
         // The other view writes sizes and dates by the desktop's locale, not by ours.
         setViewMode(List);
         setNameFilter(toNameFilter(filter));
-        setLabelText(LookIn, QStringLiteral("Suchen in:"));
+        setLabelText(LookIn,
+            mode == AcceptOpen ? QStringLiteral("Suchen in:") : QStringLiteral("Speichern in:"));
         setLabelText(FileName, QStringLiteral("Dateiname:"));
         setLabelText(FileType, QStringLiteral("Dateityp:"));
         setLabelText(
@@ -71,24 +76,34 @@ public:
         setLabelText(Reject, cancelText());
         startAt(QFileInfo(look::toText(last)));
         letTypedNameWin();
+        showPlaces();
+        showWholeDates();
     }
 
     std::optional<platform::FileName> ask() {
-        if (exec() != Accepted || selectedFiles().isEmpty())
+        if (exec() != Accepted || chosen().isEmpty())
             return std::nullopt;
-        return selectedFiles().constFirst().toStdString();
+        return chosen().toStdString();
     }
 
 protected:
     void accept() override {
-        const QStringList files = selectedFiles();
-        const bool replaces
-            = acceptMode() == AcceptSave && !files.isEmpty() && QFileInfo(files.first()).isFile();
-        if (!replaces || mayReplace(files.first()))
+        const bool replaces = acceptMode() == AcceptSave && QFileInfo(chosen()).isFile();
+        if (!replaces || mayReplace(chosen()))
             QFileDialog::accept();
     }
 
 private:
+    /// With the filter's suffix, without which the filter would hide the file from then on; empty
+    /// for none. The toolkit itself adds one only to a name without any point.
+    QString chosen() const {
+        const QString file = selectedFiles().value(0);
+        const QFileInfo named(file);
+        const bool whole = file.isEmpty() || file.endsWith(suffix_, Qt::CaseInsensitive)
+            || named.isDir() || (acceptMode() == AcceptOpen && named.exists());
+        return whole ? file : file + suffix_;
+    }
+
     void startAt(const QFileInfo& last) {
         const bool folderExists = !last.filePath().isEmpty() && last.dir().exists();
         setDirectory(folderExists ? last.absolutePath() : firstFolder());
@@ -108,6 +123,25 @@ private:
         });
     }
 
+    void showPlaces() {
+        QList<QUrl> places{QUrl(QStringLiteral("file:")), QUrl::fromLocalFile(QDir::homePath())};
+        if (const QUrl first = QUrl::fromLocalFile(firstFolder()); !places.contains(first))
+            places += first;
+        setSidebarUrls(places);
+        // The toolkit makes room for the first name only.
+        if (auto* bar = findChild<QListView*>(QStringLiteral("sidebar")))
+            bar->setMinimumWidth(bar->sizeHintForColumn(0) + 2 * bar->frameWidth());
+    }
+
+    void showWholeDates() {
+        const auto* details = findChild<QTreeView*>(QStringLiteral("treeView"));
+        if (details == nullptr)
+            return;
+        details->header()->setStretchLastSection(false);
+        details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+
     bool mayReplace(const QString& file) {
         QMessageBox box(QMessageBox::Warning, windowTitle(),
             QStringLiteral("Die Datei „%1“ gibt es schon.\nSoll sie ersetzt werden?")
@@ -120,6 +154,8 @@ private:
         box.exec();
         return box.clickedButton() == replace;
     }
+
+    QString suffix_;
 };
 
 } // namespace

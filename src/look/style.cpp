@@ -8,7 +8,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 #include <QToolTip>
 #include <QTranslator>
 
@@ -73,17 +73,35 @@ void speakGerman(QApplication& application) {
         QCoreApplication::installTranslator(translator);
 }
 
+/// Buttons of the toolkit's dialogs bear text only, like all others.
+class PlainStyle final : public QProxyStyle {
+public:
+    PlainStyle() : QProxyStyle(QStringLiteral("Fusion")) { }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+        QStyleHintReturn* more) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+            ? 0
+            : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
+
 } // namespace
 
 void applyStyle(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new PlainStyle);
+    // A theme that there isn't: the toolkit then draws its own icons, which suit the light palette.
+    for (const auto set : {QIcon::setThemeName, QIcon::setFallbackThemeName})
+        set(QStringLiteral("none"));
+    holdStyle();
+    speakGerman(application);
+}
+
+void holdStyle() {
     const QPalette palette = lightPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
-    const QFont font = toFont({});
-    QApplication::setFont(font);
-    QToolTip::setFont(font);
-    speakGerman(application);
+    QApplication::setFont(toFont({})); // for every class of control that had one of its own, too
 }
 
 QColor toColor(controls::Color color) {
@@ -122,7 +140,11 @@ QImage loadPicture(Picture picture, qreal factor) {
     const QString name
         = picture == Picture::Icon ? QStringLiteral("icon") : QStringLiteral("banner");
     const QString fine = factor > 1 ? QStringLiteral("@2x") : QString();
-    return QImage(QStringLiteral(":/pictures/%1%2.png").arg(name, fine));
+    QImage image(QStringLiteral(":/pictures/%1%2.png").arg(name, fine));
+    // The toolkit reads a factor from the file's name; but who stretches counts the picture's
+    // pixels.
+    image.setDevicePixelRatio(1);
+    return image;
 }
 
 QIcon programIcon() {

@@ -22,6 +22,9 @@ namespace look {
 /// locale changes the program's looks or words.
 void applyStyle(QApplication& application);
 
+/// Sets palette and fonts again, when the desktop has changed them.
+void holdStyle();
+
 /// The colour of a value; system colours come from one fixed light palette.
 QColor toColor(controls::Color color);
 

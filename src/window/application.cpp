@@ -50,7 +50,13 @@ Toolkit::Toolkit(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 bool Toolkit::notify(QObject* receiver, QEvent* event) {
+    const bool restyled = (event->type() == QEvent::ApplicationFontChange && receiver == this)
+        || (event->type() == QEvent::ThemeChange && receiver->isWindowType());
     try {
+        if (restyled && !holding_) {
+            const QScopedValueRollback<bool> guard(holding_, true);
+            look::holdStyle();
+        }
         return QApplication::notify(receiver, event);
     } catch (const std::bad_alloc&) {
         return false;

@@ -21,8 +21,8 @@
 namespace window {
 
 /// The toolkit's part of the program, with what holds for every event: one press of a key is one
-/// action, and no exception gets out of a handler, for the toolkit couldn't bear it; an event that
-/// runs out of memory is dropped.
+/// action, the desktop's fonts and colours don't take hold, and no exception gets out of a handler,
+/// for the toolkit couldn't bear it; an event that runs out of memory is dropped.
 class Toolkit final : public QApplication {
 public:
     Toolkit(int& argc, char** argv);
@@ -30,6 +30,7 @@ public:
 
 private:
     HeldKeys heldKeys_;
+    bool holding_ = false; ///< the style, against the desktop's
 };
 
 /// Owns everything and keeps the windows in line with their forms: a window comes when its form is

@@ -135,6 +135,23 @@ TEST_F(CellsTest, EveryCountUpToEightDigitsFits) {
     }
 }
 
+TEST_F(CellsTest, LabelsThatFaceEachOtherShrinkTogether) {
+    const auto look = [this](int item) { return tableau->grab(tableau->itemRect(item)).toImage(); };
+    std::vector<QImage> before;
+    for (int item = 0; item < TableauView::LabelCount; ++item)
+        before.push_back(look(item));
+    for (const int count : {88'888'888, 0}) {
+        stage.program.counters.Anz_Plein[8] = count;
+        tableau->refresh();
+        QString changed;
+        for (int item = 0; item < TableauView::LabelCount; ++item)
+            if (look(item) != before[static_cast<std::size_t>(item)])
+                changed += tableau->itemText(item).section(QLatin1Char('='), 0, 0);
+        EXPECT_EQ(changed.toStdString(),
+            count == 0 ? "" : " Passe Pair Noir Manque 2.K 1.D 3.TVP 2.TVS 7.TVS");
+    }
+}
+
 TEST(StyleTest, SpeaksGermanAndStaysLightEverywhere) {
     QLocale::setDefault(QLocale::c());
     QApplication::setPalette(QPalette(Qt::black));

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The main window as its user meets it: places, keys, wheel, and what it refuses during a run.
+#include "look/style.h"
+#include "look/text.h"
+#include "stats/counters.h"
 #include "support/places.h"
 #include "support/stage.h"
 #include "window/forms/main_window.h"
@@ -12,6 +15,7 @@
 #include <QComboBox>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -148,6 +152,36 @@ TEST_F(MainWindowTest, AltRTakesBackAndNeverClears) {
     press(Qt::Key_Return);
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(stage.main.Coup, 2) << "behind a series the key means the coups";
+    focus(Name::xpFrame, 2);
+    QTest::mouseClick(&count, Qt::LeftButton);
+    press(Qt::Key_9);
+    EXPECT_EQ(count.text().toStdString(), "9") << "a new count replaces the old";
+}
+
+TEST_F(MainWindowTest, TheHandStaysOnThePad) {
+    focus(Name::xpFrame, 2);
+    for (const auto& [name, index] : {std::pair(Name::xpButton, 0), {Name::Check, 0},
+             {Name::xpCombo, 0}, {Name::Grid, 0}, {Name::Text, 1}}) {
+        if (name == Name::xpButton || name == Name::Check)
+            QTest::mouseClick(find(name, index), Qt::LeftButton);
+        else
+            focus(name, index);
+        const bool stays = focused() == QStringLiteral("xpFrame(2)");
+        EXPECT_EQ(stays, name == Name::xpButton || name == Name::Check) << focused().toStdString();
+        const auto before = stage.main.Coup;
+        press(Qt::Key_1);
+        press(Qt::Key_7, Qt::KeypadModifier);
+        press(Qt::Key_Return);
+        EXPECT_EQ(stage.main.Coup, before + 1) << look::controlName(name, index).toStdString();
+        EXPECT_EQ(M_Chancen::Anz_Plein(stage.program, 17), stage.main.Coup);
+    }
+}
+
+TEST_F(MainWindowTest, NoFontOfTheDesktopTakesHold) {
+    const QFont large(QStringLiteral("Sans"), 30);
+    QApplication::setFont(large);
+    EXPECT_EQ(find(Name::xpButton, 0)->font(), look::toFont({}));
+    EXPECT_EQ(main.menuBar()->font(), look::toFont({}));
 }
 
 TEST_F(MainWindowTest, AHeldKeyIsOnePress) {
@@ -233,7 +267,6 @@ TEST_F(MainWindowTest, MarkingBoxesAskInsteadOfBeingTypedInto) {
     auto& box = *find<QLineEdit>(Name::Text, 2);
     stage.dialogs.answer = "3";
     focus(Name::Text, 2);
-    QTest::keyClicks(&box, "7");
     press(Qt::Key_Backspace);
     EXPECT_TRUE(stage.dialogs.asked.empty());
     press(Qt::Key_Space);
@@ -365,6 +398,7 @@ TEST_F(MainWindowTest, DuringARunNothingGetsInAndNothingTurnsGrey) {
     EXPECT_GT(turns, 1);
     EXPECT_EQ(stage.main.Coup, 20001);
     EXPECT_EQ(focused(), "Text(0)") << "the focus comes back after the run";
+    EXPECT_EQ(count.selectedText().toStdString(), "20000") << "for the next count to replace";
 }
 
 TEST_F(MainWindowTest, ClosingIsLeftToTheProgram) {

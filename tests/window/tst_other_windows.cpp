@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Splash, progress dialog and info dialog: what closes them, what doesn't, and the rippling
 // picture.
+#include "desktop/dialogs.h"
+#include "look/style.h"
+#include "look/text.h"
 #include "progress/long_run.h"
 #include "support/places.h"
 #include "support/stage.h"
@@ -11,10 +14,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -105,6 +114,46 @@ TEST_F(WindowsTest, EveryWayOutOfTheInfoDialogIsOk) {
         EXPECT_EQ(stage.media.commands.size(), way == 3 ? 0U : 1U);
     }
     EXPECT_EQ(stage.dialogs.messages.size(), 1U) << "Enter pressed the button that had the focus";
+}
+
+TEST(FileDialogTest, WhatIsSavedIsSeenAgain) {
+    const QTemporaryDir folder;
+    const auto at = [&](const char* name) { return folder.filePath(name).toStdString(); };
+    desktop::Dialogs dialogs([] { return nullptr; });
+    QString question;
+    const auto chosen = [&](bool save, const char* name) {
+        question.clear();
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+            for (const auto* button : dialog->findChildren<QPushButton*>())
+                EXPECT_TRUE(button->icon().isNull());
+            EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("lookInLabel"))->text(),
+                save ? "Speichern in:" : "Suchen in:");
+            QTimer::singleShot(0, [&] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    question = box->text();
+                    box->buttons().front()->click();
+                }
+            });
+            dialog->accept();
+        });
+        const platform::Filter filter{"Textdateien (*.txt)", "*.txt"};
+        return (
+            save ? dialogs.saveFile("", filter, at("x")) : dialogs.openFile("", filter, at("x")))
+            .value_or("");
+    };
+    for (const auto& [typed, named] :
+        {std::pair("Abend", "Abend.txt"), {"Abend.1", "Abend.1.txt"}, {"ABEND.TXT", "ABEND.TXT"}}) {
+        EXPECT_EQ(chosen(true, typed), at(named));
+        EXPECT_EQ(chosen(false, typed), at(named));
+        EXPECT_EQ(question.toStdString(), "");
+    }
+    for (const char* name : {"Abend", "Abend.txt"})
+        QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
+    EXPECT_EQ(chosen(false, "Abend"), at("Abend"));
+    EXPECT_EQ(chosen(true, "Abend"), at("Abend.txt"));
+    EXPECT_TRUE(question.contains(QStringLiteral("„Abend.txt“"))) << question.toStdString();
 }
 
 TEST_F(WindowsTest, WaterTakesPiecesOfThePictureAndNothingElse) {

@@ -16,6 +16,7 @@ CommandButton::CommandButton(const forms::plan::Control& control, QWidget* paren
     : QPushButton(look::toText(control.caption), parent) {
     look::applyRow(control, *this);
     setAutoDefault(true); // Enter presses it in the main window too, not only in dialogs
+    setFocusPolicy(Qt::TabFocus);
 }
 
 bool CommandButton::event(QEvent* event) {
@@ -29,6 +30,7 @@ bool CommandButton::event(QEvent* event) {
 CheckView::CheckView(const Session& session, const forms::plan::Control& control, QWidget* parent)
     : QCheckBox(look::toText(control.caption), parent), session_(session), index_(control.index) {
     look::applyRow(control, *this);
+    setFocusPolicy(Qt::TabFocus);
     QStyleOptionButton option;
     initStyleOption(&option);
     const QRect room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);

@@ -8,6 +8,7 @@
 #include "shell/handlers.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -38,6 +39,14 @@ void FamilyBox::refresh() {
         addItem(look::toText(model().Items[i]));
     if (currentIndex() != model().ListIndex)
         setCurrentIndex(model().ListIndex);
+}
+
+void FamilyBox::keyPressEvent(QKeyEvent* event) {
+    // The toolkit would look for an entry that begins with the digit.
+    if (event->key() >= Qt::Key_0 && event->key() <= Qt::Key_9)
+        event->ignore();
+    else
+        QComboBox::keyPressEvent(event);
 }
 
 void FamilyBox::wheelEvent(QWheelEvent* event) {

@@ -14,6 +14,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace window {
 
@@ -78,8 +79,9 @@ bool CountBox::passes(QChar typed) const {
 void CountBox::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         passes(QChar(Enter));
-        // The text is committed; undo now means coups.
+        // The text is committed: undo now means coups, Enter repeats the count, typing replaces it.
         setText(text());
+        selectAll();
         return;
     }
     if (typesCharacter(*event) && !passes(event->text().front()))
@@ -103,6 +105,17 @@ void CountBox::inputMethodEvent(QInputMethodEvent* event) {
     QInputMethodEvent rest(event->preeditString(), event->attributes());
     rest.setCommitString(typed, event->replacementStart(), event->replacementLength());
     QLineEdit::inputMethodEvent(&rest);
+}
+
+void CountBox::focusInEvent(QFocusEvent* event) {
+    TextBoxView::focusInEvent(event);
+    clickedInto_ = event->reason() == Qt::MouseFocusReason;
+}
+
+void CountBox::mouseReleaseEvent(QMouseEvent* event) {
+    TextBoxView::mouseReleaseEvent(event);
+    if (std::exchange(clickedInto_, false) && !hasSelectedText())
+        selectAll();
 }
 
 namespace {

@@ -35,8 +35,9 @@ private:
     int index_;
 };
 
-/// Takes digits only; Enter starts the random series. Only typed characters are filtered: whatever
-/// moves, deletes, copies or pastes works as in any text box.
+/// Takes digits only; Enter starts the random series. The count stays and is selected behind it,
+/// and again when the user clicks into the box, so that a new one replaces it. Only typed
+/// characters are filtered: whatever moves, deletes, copies or pastes works as in any text box.
 class CountBox final : public TextBoxView {
     Q_OBJECT
 
@@ -47,9 +48,13 @@ protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     bool passes(QChar typed) const;
+
+    bool clickedInto_ = false; ///< by the click that is under way
 };
 
 /// Can't be typed into: a click, Space or Enter asks for its value.

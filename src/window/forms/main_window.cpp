@@ -18,6 +18,7 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
@@ -85,7 +86,7 @@ MainWindow::MainWindow(const Session& session) : session_(session), area_(new QS
     area_->setFocusPolicy(Qt::NoFocus);
     setCentralWidget(area_);
     addUndoKey();
-    findChild<QWidget*>(look::controlName(Name::xpFrame, 2))->setFocus();
+    pad_->setFocus();
     refresh();
     fitToScreen();
 }
@@ -127,7 +128,7 @@ QWidget* MainWindow::build(const plan::Control& control, Controls neighbours, QW
         return new PictureBox(
             look::Picture::Icon, control, QStringLiteral("Programmsymbol"), panel);
     case Name::xpFrame:
-        return new PadView(session_, control, panel);
+        return pad_ = new PadView(session_, control, panel);
     case Name::Text:
         return buildTextBox(control, panel);
     case Name::xpButton:
@@ -207,6 +208,11 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     Frm_Main::Form_Unload(session_.program, session_.platform);
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (menuBar()->hasFocus() || !pad_->takeDigit(*event))
+        QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::refresh() {

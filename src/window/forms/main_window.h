@@ -18,6 +18,7 @@ class QScrollArea;
 namespace window {
 
 class FittedLabel;
+class PadView;
 
 /// Frm_Main: a menu bar above three panels, whose controls stand where the plan puts them, whatever
 /// the window's size; a window too small for them scrolls. It connects the controls to their
@@ -34,6 +35,8 @@ protected:
     /// Leaves closing to the program, which may have to end a run first.
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    /// Digits that no other control takes are the pad's.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     using Controls = std::span<const forms::plan::Control>;
@@ -55,6 +58,7 @@ private:
     Session session_;
     QScrollArea* area_;
     FittedLabel* fallen_ = nullptr; ///< Label(4)
+    PadView* pad_ = nullptr;
     std::vector<View*> views_;
     QPointer<QWidget> focusBefore_; ///< what had the focus when the window was locked
     std::uint64_t focusRequests_ = 0;

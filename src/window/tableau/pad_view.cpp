@@ -218,16 +218,29 @@ void PadView::mouseReleaseEvent(QMouseEvent* event) {
         enter(number);
 }
 
+bool PadView::takes(const QKeyEvent& event) const {
+    return !(event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) && takesInput();
+}
+
+bool PadView::takeDigit(const QKeyEvent& event) {
+    const int digit = event.key() - Qt::Key_0;
+    if (!takes(event) || digit < 0 || digit > 9)
+        return false;
+    setFocus();
+    typeDigit(digit);
+    return true;
+}
+
 void PadView::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
-    if ((event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) || !takesInput())
+    if (takeDigit(*event))
+        return;
+    if (!takes(*event))
         return QWidget::keyPressEvent(event);
     if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
         firstDigit_ = 0;
         setPressed(current_, false);
         enter(current_);
-    } else if (key >= Qt::Key_0 && key <= Qt::Key_9) {
-        typeDigit(key - Qt::Key_0);
     } else if (key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_Left
         || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down) {
         moveBy(key);

@@ -33,6 +33,8 @@ public:
     void setCurrent(int number);
     /// Enters a coup, as a click on the cell does. A disabled form takes none.
     void enter(int number);
+    /// Takes a digit typed anywhere in the window, and the focus with it; false for other keys.
+    bool takeDigit(const QKeyEvent& event);
     /// Where a cell stands, in pixels within the pad.
     QRect cellRect(int number) const { return cells_[static_cast<std::size_t>(number)].place; }
     /// The cell at a point, -1 for none.
@@ -71,6 +73,7 @@ private:
     void updateCell(int number);
     void setHovered(int number);
     void setPressed(int number, bool byMouse);
+    bool takes(const QKeyEvent& event) const;
     void moveBy(int key);
     void typeDigit(int digit);
     void release();

@@ -15,6 +15,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace window {
@@ -52,6 +53,29 @@ void drawShape(QPainter& painter, const plan::Shape& shape) {
     drawOutline(painter, place, shape.border, look::toColor(controls::Black));
 }
 
+/// The one that look::fitted() comes to later.
+const QFont& smaller(const QFont& one, const QFont& other) {
+    const auto size = [](const QFont& font) {
+        return std::pair(
+            font.pixelSize(), font.stretch() == QFont::AnyStretch ? 100 : font.stretch());
+    };
+    return size(other) < size(one) ? other : one;
+}
+
+/// The label that faces one across the numbers and looks like it; itself, if there is none or if
+/// its count has a line of its own.
+std::size_t oppositeOf(std::size_t index) {
+    const plan::GradientLabel& label = plan::CounterLabels[index];
+    const controls::Rect& place = label.place;
+    for (std::size_t i = 0; i < plan::CounterLabels.size(); ++i) {
+        const plan::GradientLabel& other = plan::CounterLabels[i];
+        if (i != index && other.from == label.from && place.width != place.height
+            && std::abs(other.place.top - place.top) < place.height)
+            return i;
+    }
+    return index;
+}
+
 QPointF toPoint(controls::Twips x, controls::Twips y) {
     return {static_cast<qreal>(controls::toPixels(x)), static_cast<qreal>(controls::toPixels(y))};
 }
@@ -81,6 +105,7 @@ TableauView::TableauView(const Session& session, QWidget* panel)
         // The panel's edge cuts some labels off; their texts keep within what is seen.
         labels_[i].room = labels_[i].place.intersected(rect()).adjusted(LabelIndent, 0, -1, 0);
         covered_ += labels_[i].place;
+        labels_[i].opposite = &labels_[oppositeOf(i)];
     }
     for (std::size_t i = 0; i < cells_.size(); ++i) {
         cells_[i].place = look::toPixels(plan::TableauCells[i].place);
@@ -114,7 +139,10 @@ void TableauView::refreshLabel(int index) {
     const QFont font = look::toFont({});
     const bool square = label.place.width() == label.place.height();
     const qsizetype cut = square ? caption.lastIndexOf(QLatin1Char(' ')) : caption.size();
+    const QFont before = label.first.font;
     label.first = look::refitted(label.first, font, caption.left(cut), label.room.width());
+    if (label.first.font != before)
+        update(label.opposite->place);
     label.second = look::refitted(label.second, font, caption.mid(cut), label.room.width());
     untold_[static_cast<std::size_t>(index)] = true;
     update(label.place);
@@ -224,7 +252,7 @@ void TableauView::drawLabel(QPainter& painter, const Label& label) {
     line.setHeight(QFontMetrics(look::toFont({})).height());
     line.moveTop(label.room.top() + (label.room.height() - lines * line.height()) / 2);
     for (const look::Fit* fit : {&label.first, &label.second}) {
-        painter.setFont(fit->font);
+        painter.setFont(smaller(fit->font, label.opposite->first.font));
         painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, fit->text);
         line.translate(0, line.height());
     }

@@ -54,6 +54,7 @@ private:
     /// A counter label as it was drawn last. Square labels show their count on a second line.
     struct Label {
         const forms::plan::GradientLabel* plan = nullptr;
+        const Label* opposite = nullptr; ///< drawn in the same font; itself for most
         QRect place;
         QRect room; ///< of the text
         QString caption;
