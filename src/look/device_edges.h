@@ -11,15 +11,19 @@ namespace look {
 
 /// Every edge is rounded where it stands on the device, never a width or a height by itself. The
 /// toolkit clips and fills in this way, so only then has each pixel between neighbours an owner.
-/// Counts from the pixel that holds the painter's origin, right and down only.
+/// Counts from the pixel that holds the painter's origin.
 class DeviceEdges {
 public:
     DeviceEdges() = default;
     explicit DeviceEdges(const QPainter& painter) : DeviceEdges(painter.deviceTransform()) { }
 
     qreal scale() const { return scale_; }
-    int x(qreal logical) const { return static_cast<int>(rest_.x() + logical * scale_ + 0.5); }
-    int y(qreal logical) const { return static_cast<int>(rest_.y() + logical * scale_ + 0.5); }
+    int x(qreal logical) const {
+        return static_cast<int>(std::floor(rest_.x() + logical * scale_ + 0.5));
+    }
+    int y(qreal logical) const {
+        return static_cast<int>(std::floor(rest_.y() + logical * scale_ + 0.5));
+    }
 
     /// Puts the painter into device pixels.
     void adoptBy(QPainter& painter) const {
