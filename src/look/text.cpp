@@ -41,6 +41,7 @@ constexpr std::array Rows{
     Row{Name::Lbl_Status, "Lbl_Status", false},
     Row{Name::xpProgress, "xpProgress", false},
     Row{Name::picIcon, "picIcon", false},
+    Row{Name::Picture2, "Picture2", false},
     Row{Name::lblTitle, "lblTitle", false},
     Row{Name::lblVersion, "lblVersion", false},
     Row{Name::cmdOK, "cmdOK", false},

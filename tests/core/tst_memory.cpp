@@ -167,7 +167,7 @@ TEST(Memory, LookingAheadSpeaksOnlyOfWhatARunStillNeeds) {
 }
 
 TEST(Memory, ALimitEndsARunWithAMessage) {
-    for (const std::int64_t kilobytes : {20, 700, 1100, 1300, 1500, 1900}) {
+    for (const std::int64_t kilobytes : {20, 700, 1300, 1500, 1900}) {
         SCOPED_TRACE(kilobytes);
         Stage stage;
         const forms::MainForm& form = stage.main;

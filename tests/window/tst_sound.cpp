@@ -89,7 +89,8 @@ protected:
         std::ifstream stream(setup.waveFile, std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
         std::vector<std::int16_t> result(bytes.size() < Header ? 0 : (bytes.size() - Header) / 2);
-        std::memcpy(result.data(), bytes.data() + Header, result.size() * 2);
+        if (!result.empty())
+            std::memcpy(result.data(), bytes.data() + Header, result.size() * 2);
         return result;
     }
 
