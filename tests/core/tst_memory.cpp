@@ -30,10 +30,19 @@ void* operator new(std::size_t size) {
         room -= std::min(room, static_cast<std::int64_t>(malloc_usable_size(block)));
     return block;
 }
+void* operator new[](std::size_t size) { // a sanitizer has one of its own
+    return operator new(size);
+}
 void operator delete(void* block) noexcept {
     if (room != Off && block)
         room += static_cast<std::int64_t>(malloc_usable_size(block));
     std::free(block);
+}
+void operator delete[](void* block) noexcept {
+    operator delete(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+    operator delete(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
     operator delete(block);
@@ -167,7 +176,7 @@ TEST(Memory, LookingAheadSpeaksOnlyOfWhatARunStillNeeds) {
 }
 
 TEST(Memory, ALimitEndsARunWithAMessage) {
-    for (const std::int64_t kilobytes : {20, 700, 1300, 1500, 1900}) {
+    for (const std::int64_t kilobytes : {20, 700, 1100, 1300, 1500, 1900}) {
         SCOPED_TRACE(kilobytes);
         Stage stage;
         const forms::MainForm& form = stage.main;
