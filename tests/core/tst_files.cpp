@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reading and writing permanence files, with everything that a file or a user can do to them.
-#include "files/line_reader.h"
 #include "files/messages.h"
 #include "progress/long_run.h"
+#include "support/plain_reader.h"
 #include "support/stage.h"
 
 #include <gtest/gtest.h>
@@ -17,47 +17,12 @@ using support::numbers;
 using support::Stage;
 using namespace std::string_literals;
 
-/// The numbers of a text, by the rules told line by line.
-std::vector<int> read(std::string text) {
-    std::vector<int> all;
-    if (text.starts_with("\xEF\xBB\xBF"))
-        text.erase(0, 3);
-    for (std::size_t at = 0; at <= text.size();) {
-        const std::size_t end = std::min(text.find_first_of("\r\n", at), text.size());
-        std::string line = text.substr(at, end - at);
-        at = end + 1;
-        line.erase(0, std::min(line.find_first_not_of(" \t"), line.size()));
-        line.erase(line.find_last_not_of(" \t") + 1);
-        if (line.empty() || line.find_first_not_of("0123456789") != std::string::npos)
-            continue;
-        line.erase(0, std::min(line.find_first_not_of('0'), line.size() - 1));
-        if (line.size() <= 2 && std::stoi(line) <= 36)
-            all.push_back(std::stoi(line));
-    }
-    return all;
-}
-
-std::vector<int> readInBlocks(const std::string& text, const std::vector<std::size_t>& cuts) {
-    files::LineReader reader;
-    std::size_t at = 0;
-    for (const std::size_t cut : cuts) {
-        reader.read(std::string_view(text).substr(at, cut - at));
-        at = cut;
-    }
-    reader.read(std::string_view(text).substr(at));
-    reader.finish();
-    std::vector<int> all;
-    for (std::int64_t i = 0; i < reader.numbers().size(); ++i)
-        all.push_back(reader.numbers()[i]);
-    return all;
-}
-
 TEST(Files, EveryKindOfLineAtEverySplit) {
     const std::vector<std::string> odd{"5", "abc", "37", "-1", "36", " 17 ", "\t0\t", "00017",
         "x 17", "1 7", "+5", "5.0", "18446744073709551617", "00000000000000000000000000000003",
         "4294967297", "256", "36\0"s, "\v7", "\xFF", "\xC2\xA0", "036", "\n", "\r\n", "\r", " ",
         "\xEF\xBB\xBF", "\xEF\xBB", "\xEF"};
-    EXPECT_EQ(read("5\rabc\n\n37\r\n-1\r\n 36"), (std::vector{5, 36}));
+    EXPECT_EQ(support::readPlainly("5\rabc\n\n37\r\n-1\r\n 36"), (std::vector{5, 36}));
     std::vector<std::string> texts{""};
     std::mt19937 random(41);
     for (int i = 0; i < 6000; ++i, texts.emplace_back(i % 4 == 0 ? "\xEF\xBB\xBF" : "")) {
@@ -68,13 +33,12 @@ TEST(Files, EveryKindOfLineAtEverySplit) {
                 : odd[random() % odd.size()] + (random() % 3 == 0 ? "" : odd[21 + random() % 3]);
     }
     for (const auto& text : texts) {
-        const auto wanted = read(text);
-        std::vector<std::size_t> everywhere;
+        const auto wanted = support::readPlainly(text);
         for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-            everywhere.push_back(cut);
-            ASSERT_EQ(readInBlocks(text, {cut}), wanted) << "'" << text << "' cut at " << cut;
+            const auto inTwo = [next = cut]() mutable { return std::exchange(next, std::string::npos); };
+            ASSERT_EQ(support::readInBlocks(text, inTwo), wanted) << "'" << text << "' cut at " << cut;
         }
-        ASSERT_EQ(readInBlocks(text, everywhere), wanted) << "'" << text << "' byte by byte";
+        ASSERT_EQ(support::readInBlocks(text, [] { return 1; }), wanted) << "'" << text << "'";
     }
 }
 

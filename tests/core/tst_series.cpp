@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The random series: what may be typed, how much is drawn, what is shown meanwhile, and whether the
-// draws are as good as a wheel's.
+// The random series: what may be typed, how much is drawn and what is shown meanwhile.
 #include "files/random.h"
 #include "progress/long_run.h"
 #include "support/stage.h"
@@ -109,32 +108,7 @@ TEST(Series, ADrawIsAFloatTimesThirtySevenRoundedDown) {
     EXPECT_EQ(wrong, 0);
 }
 
-TEST(Series, DrawsAreEvenAndDontFollowEachOther) {
-    constexpr int Draws = 1'000'000;
-    constexpr double Mean = Draws / 37.0 / 37.0;
-    // Clocks: one that stands still, a fine one, a coarse one's ticks.
-    for (const auto& [step, draws] : {std::pair(0, 1), {70, 1}, {15'625'000, 50'000}}) {
-        std::vector<double> pairs(37 * 37);
-        std::uint64_t state = 0;
-        std::size_t before = 0;
-        std::uint32_t lowest = 1U << 24;
-        std::uint32_t highest = 0;
-        for (int i = 0; i < Draws; ++i) {
-            files::seed(state, std::chrono::nanoseconds(std::int64_t{step} * (i / draws)));
-            const std::uint32_t draw = files::draw(state);
-            lowest = std::min(lowest, draw);
-            highest = std::max(highest, draw);
-            const auto number = static_cast<std::size_t>(files::toNumber(draw));
-            ++pairs.at(37 * std::exchange(before, number) + number);
-        }
-        double chiSquare = 0;
-        for (const double count : pairs)
-            chiSquare += (count - Mean) * (count - Mean) / Mean;
-        // Its mean is 1368; the bounds lie six standard deviations off. Too even is a fault too.
-        EXPECT_NEAR(chiSquare, 1375, 315);
-        // A ten-thousandth of all 2^24 draws.
-        EXPECT_TRUE(lowest < 1678 && highest < 1U << 24 && highest > (1U << 24) - 1678);
-    }
+TEST(Series, NoSeriesIsTheLastOneAgain) {
     Stage stage;
     stage.clock.step = {};
     stage.draw("300");

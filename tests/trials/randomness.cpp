@@ -5,12 +5,12 @@
 //   randomness DRAWS [REPEATS [SEED]]
 //
 // Each series is drawn twice: at the clock's real speed and with a clock that stands still.
+#include "desktop/linux/system.h"
 #include "support/stage.h"
 
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <ctime>
 #include <random>
 
 namespace {
@@ -54,21 +54,9 @@ double runs(const std::vector<int>& series) {
     });
 }
 
-struct RealClock : platform::Clock {
-    std::chrono::nanoseconds now() override {
-        return std::chrono::steady_clock::now().time_since_epoch();
-    }
-    std::chrono::nanoseconds coarse() override {
-        std::timespec time{};
-        ::clock_gettime(CLOCK_REALTIME_COARSE, &time);
-        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-    }
-    double secondsSinceMidnight() override { return 0; }
-};
-
 std::vector<int> draw(std::uint64_t state, bool standing, const std::string& draws) {
     support::Stage stage;
-    RealClock real;
+    desktop::Clock real;
     stage.clock.step = {};
     platform::Clock& clock = standing ? static_cast<platform::Clock&>(stage.clock) : real;
     platform::Platform platform{stage.events, stage.dialogs, stage.files, clock, stage.media,
