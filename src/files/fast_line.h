@@ -1,60 +1,70 @@
 // SPDX-License-Identifier: MIT
 // Lines that can be read eight characters at a time, on machines whose words begin with the lowest
-// byte. `line` is the line's first character and `length` its length without its LF.
+// byte: one digit or two, with or without a blank before, a blank behind, and a CR.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace files {
 
 inline constexpr std::size_t WordSize = 8;
 
-/// The eight characters from `text` on, the first one lowest.
-inline std::uint64_t eightCharacters(const char* text) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, text, WordSize);
-    return bytes;
-}
+/// One way to write a line.
+struct LineKind {
+    /// Where the characters stand in a word once the last digit is its third byte, and what they
+    /// have to be: the bits of the mask must be as expected, of a digit the upper four.
+    struct Form {
+        unsigned shift = 0;
+        std::uint64_t expected = 0;
+        std::uint64_t mask = 0;
+    };
+    std::array<Form, 2> forms{}; ///< with one digit, with two
+    std::size_t shortest = 0; ///< length with one digit, with the LF
 
-/// Result for any other line. Range up to 99; the reader checks for 36.
+    constexpr LineKind(std::string_view before, std::string_view behind) {
+        for (unsigned digits = 1; digits <= 2; ++digits) {
+            Form& form = forms[digits - 1];
+            form.shift = 8 * (3 - digits - static_cast<unsigned>(before.size()));
+            unsigned at = form.shift;
+            const auto expect = [&](std::string_view characters, std::uint64_t mask) {
+                for (const char character : characters) {
+                    form.expected |= static_cast<std::uint64_t>(character) << at;
+                    form.mask |= mask << at;
+                    at += 8;
+                }
+            };
+            expect(before, 0xFF);
+            expect(digits == 1 ? "0" : "00", 0xF0);
+            expect(behind, 0xFF);
+        }
+        shortest = before.size() + 1 + behind.size();
+    }
+
+    /// Whether a line of this kind has two digits. Told by its length and without a branch, for the
+    /// digits of a permanence can't be foreseen.
+    bool hasTwo(const char* line) const { return line[shortest - 1] != '\n'; }
+};
+
+/// All ways; the first one is how this program writes.
+inline constexpr std::array<LineKind, 8> LineKinds{{{" ", " \r\n"}, {"", "\r\n"}, {"", "\n"},
+    {" ", " \n"}, {" ", "\r\n"}, {" ", "\n"}, {"", " \r\n"}, {"", " \n"}}};
+
+/// Result for any other line. Results can be larger still; the reader checks for 36.
 inline constexpr unsigned OtherLine = 100;
 
-/// The number of a line with a blank, one digit or two, a blank and a CR: how this program writes
-/// them. Made without branches, for the digits of a permanence can't be foreseen. 8 bytes can be
-/// read from `line` on.
-inline unsigned ownLine(const char* line, std::size_t length) {
-    constexpr std::uint64_t signs = 0xFFFF0000FF;
-    constexpr std::uint64_t expected = 0x0D20000020; // CR, blank, two digits, blank
-    constexpr std::uint64_t zeroBefore = (' ' ^ '0') << 8 | ' ';
-    // A single digit gets a zero before it, which makes the two kinds of line alike.
-    const bool one = length == 4;
-    const std::uint64_t bytes
-        = one ? (eightCharacters(line) << 8) ^ zeroBefore : eightCharacters(line);
-    const auto tens = static_cast<unsigned>(bytes >> 8 & 0xFF) - '0';
-    const auto ones = static_cast<unsigned>(bytes >> 16 & 0xFF) - '0';
-    const bool fits = ((bytes & signs) == expected) & (tens <= (one ? 0 : 9)) & (ones <= 9);
-    return fits & (one | (length == 5)) ? 10 * tens + ones : OtherLine;
-}
-
-/// The number of a line that is one digit or two, with at most one blank on either side, and ends
-/// with a CR or without one. Also without branches. LF follows, and 8 bytes can be read.
-inline unsigned usualLine(const char* line, std::size_t length) {
-    if (length >= WordSize)
-        return OtherLine;
-    // With its LF, so that a NUL at the end of the line isn't taken for nothing.
-    std::uint64_t rest
-        = eightCharacters(line) & (~std::uint64_t{} >> (8 * (WordSize - 1 - length)));
-    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    const auto first = static_cast<unsigned>(rest & 0xFF) - '0';
-    const auto second = static_cast<unsigned>(rest >> 8 & 0xFF) - '0';
-    const bool two = second <= 9;
-    rest >>= two ? 16 : 8;
-    rest >>= (rest & 0xFF) == ' ' ? 8 : 0;
-    constexpr std::uint64_t carriageReturnLineFeed = '\r' | '\n' << 8;
-    const bool ends = (rest == '\n') | (rest == carriageReturnLineFeed);
-    return (ends & (first <= 9)) ? (two ? 10 * first + second : first) : OtherLine;
+/// The number of a line of this kind. 8 bytes can be read from `line` on.
+inline unsigned numberOf(const LineKind& kind, const char* line) {
+    const LineKind::Form& form = kind.forms[kind.hasTwo(line)];
+    std::uint64_t rest = 0;
+    std::memcpy(&rest, line, WordSize);
+    rest = (rest << form.shift) ^ form.expected;
+    constexpr std::uint64_t aboveNine = 6 << 16; // carries out of the lower four bits
+    const bool fits = ((rest | (rest + aboveNine)) & form.mask) == 0;
+    return fits ? static_cast<unsigned>(10 * (rest >> 8 & 0xF) + (rest >> 16 & 0xF)) : OtherLine;
 }
 
 } // namespace files

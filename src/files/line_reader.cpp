@@ -3,8 +3,8 @@
 #include "files/line_reader.h"
 
 #include "chances/chancentabelle.h"
-#include "files/fast_line.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <span>
@@ -17,23 +17,6 @@ namespace {
 constexpr unsigned HighestNumber = chances::NumberCount - 1;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr unsigned NoMarkAnyMore = 4;
-
-constexpr std::size_t PieceSize = 64;
-
-/// The places of LF among the 64 bytes from `text` on, one bit each.
-std::uint64_t lineFeeds(const char* text) {
-    constexpr std::uint64_t ones = 0x0101010101010101U;
-    constexpr std::uint64_t low = 0x7F * ones;
-    std::uint64_t places = 0;
-    for (std::size_t i = 0; i < PieceSize / WordSize; ++i) {
-        const std::uint64_t other = eightCharacters(text + i * WordSize) ^ ('\n' * ones);
-        // The top bit of each byte that is LF, exactly: no carry leaves its byte.
-        const std::uint64_t found = ~(((other & low) + low) | other | low);
-        // The multiplication gathers the eight top bits in one byte.
-        places |= (((found >> 7) * 0x0102040810204080U) >> 56) << (i * WordSize);
-    }
-    return places;
-}
 
 } // namespace
 
@@ -71,28 +54,26 @@ std::string_view LineReader::withoutByteOrderMark(std::string_view block) {
 std::string_view LineReader::wholeLines(std::string_view block) {
     if constexpr (std::endian::native != std::endian::little)
         return block;
-    std::array<std::uint8_t, 16 * PieceSize> numbers{};
+    std::array<std::uint8_t, 1024> numbers{};
     std::size_t count = 0;
-    const char* line = block.data();
-    const char* const end = block.data() + block.size();
     const auto keep = [&] { numbers_.append(std::span(numbers).first(std::exchange(count, 0))); };
-    for (const char* piece = line; end - piece >= std::ptrdiff_t{PieceSize + WordSize};
-         piece += PieceSize) {
-        if (count > numbers.size() - PieceSize)
-            keep();
-        for (std::uint64_t feeds = lineFeeds(piece); feeds != 0; feeds &= feeds - 1) {
-            const char* const feed = piece + std::countr_zero(feeds);
-            const auto length = static_cast<std::size_t>(feed - line);
-            unsigned value = ownLine(line, length);
-            if (value > HighestNumber)
-                value = usualLine(line, length);
-            if (value > HighestNumber) {
-                keep();
-                return {line, static_cast<std::size_t>(end - line)};
-            }
+    const auto* kind = kind_;
+    const char* line = block.data();
+    const char* const end = line + block.size();
+    while (end - line >= std::ptrdiff_t{WordSize}) {
+        const unsigned value = numberOf(*kind, line);
+        if (value <= HighestNumber) {
             numbers[count++] = static_cast<std::uint8_t>(value);
-            line = feed + 1;
+            if (count == numbers.size())
+                keep();
+            line += kind->shortest + kind->hasTwo(line);
+            continue;
         }
+        kind = std::find_if(LineKinds.begin(), LineKinds.end(),
+            [&](const LineKind& other) { return numberOf(other, line) <= HighestNumber; });
+        if (kind == LineKinds.end())
+            break;
+        kind_ = kind;
     }
     keep();
     return {line, static_cast<std::size_t>(end - line)};

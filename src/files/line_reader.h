@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/chunked.h"
+#include "files/fast_line.h"
 
 #include <cstdint>
 #include <string_view>
@@ -38,6 +39,7 @@ private:
     void endOfLine();
 
     controls::Chunked<std::uint8_t> numbers_;
+    const LineKind* kind_ = LineKinds.data(); ///< of the last usual line; most go on like it
     Place place_ = Place::Start;
     unsigned value_ = 0;
     unsigned bom_ = 0; ///< bytes of the byte order mark met so far; 4 once it can't come any more

@@ -35,8 +35,10 @@ TEST(Files, EveryKindOfLineAtEverySplit) {
     for (const auto& text : texts) {
         const auto wanted = support::readPlainly(text);
         for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-            const auto inTwo = [next = cut]() mutable { return std::exchange(next, std::string::npos); };
-            ASSERT_EQ(support::readInBlocks(text, inTwo), wanted) << "'" << text << "' cut at " << cut;
+            const auto inTwo
+                = [next = cut]() mutable { return std::exchange(next, std::string::npos); };
+            ASSERT_EQ(support::readInBlocks(text, inTwo), wanted)
+                << "'" << text << "' cut at " << cut;
         }
         ASSERT_EQ(support::readInBlocks(text, [] { return 1; }), wanted) << "'" << text << "'";
     }
