@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""What can befall a permanence on a real disk: odd files, odd targets, a full disk, a kill.
+"""What can befall a permanence on a real disk: odd targets, a full disk, a kill.
 
 Usage: files.py FILES_TRIAL [KILLS [SEED]]
 """
@@ -16,7 +16,6 @@ import time
 
 LINE = 6  # bytes of a saved coup of two digits
 OLD = b" 17 \r\n"
-MOST_MEGABYTES = 64  # for a file of one endless line
 DENIED = "Die Zugriffsrechte fehlen."
 MISSING = "Die Datei oder der Ordner wurde nicht gefunden."
 FOLDER = "Es ist ein Ordner, keine Datei."
@@ -47,17 +46,6 @@ def trial(*words):
 def told(what, lines, reason):
     """A message with this reason, or none."""
     expect(f"{what} tells: {lines}", reason in lines if reason else not lines, True)
-
-
-def odd_files():
-    for make, wanted in (("true", "0 0"), ("head -c 1000000000 /dev/zero", "0 0"),
-                         (r"head -c 300000000 /dev/zero | tr '\0' 7; printf '\n4\n'", "1 4"),
-                         (r"head -c 300000000 /dev/zero | tr '\0' ' '; printf 4", "1 4")):
-        subprocess.run(f"({make}) >odd", shell=True, check=True)
-        expect(f"what is loaded of {make}", trial("load", "odd"), [wanted])
-    os.remove("odd")
-    peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss // 1024
-    expect(f"{peak} MB for one endless line", peak <= MOST_MEGABYTES, True)
 
 
 def odd_targets():
@@ -141,7 +129,6 @@ try:
     PROGRAM = shutil.copy(sys.argv[1], folder)
     os.chdir(folder)
     os.mkdir("disk")
-    odd_files()
     odd_targets()
     full_disk()
     killed = kills(int(sys.argv[2]) if len(sys.argv) > 2 else 100, random.Random(seed))

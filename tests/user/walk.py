@@ -44,29 +44,6 @@ def spoken(program, window):
         check(not ENGLISH.search(name + "|" + description), what + " is German")
 
 
-def explained(program):
-    """The tool tip is the description; those that share a name differ in it."""
-    nodes = [node for node in operable(program, program.main) if node != program.grid]
-    check(all(node.description.strip() for node in nodes), f"explain themselves: {[*map(str, nodes)]}")
-    told = [node.name + node.description for node in nodes]
-    check(len(set(told)) == len(told), f"explain themselves differently: {told}")
-
-
-def apart(program):
-    """Nothing overlaps: what is in the panels, and items of one kind in the pad and the tableau.
-    Cells of the pad share their frames."""
-    kinds = [program.pad, program.labels, program.numbers, program.badges]
-    kinds.append([node for node in program.nodes() if node.getRoleName() not in (
-        "frame", "filler", "panel", "menu bar") and not any(node in kind for kind in kinds)])
-    check(len(kinds[-1]) > 20, f"{len(kinds[-1])} controls are looked at")
-    for kind in kinds:
-        places = [(node.name, *program.rect(node)) for node in kind]
-        faults = [(one, two) for i, one in enumerate(places) for two in places[:i]
-                  if all(min(one[k] + one[k + 2], two[k] + two[k + 2]) - max(one[k], two[k]) > 1
-                         for k in (1, 2))]
-        check(not faults, f"nothing overlaps: {faults}")
-
-
 def step(program, key):
     """A key that must move the focus; where it has gone."""
     last = program.focused()
@@ -321,7 +298,6 @@ def hard_screen():
     left, top, across, down = program.place(program.main)
     check(min(left, top) >= 0 and left + across <= 1366 and top + down <= 768, "on the screen")
     check(numpy.median(picture()[top:top + down, left:left + across]) > 200, "light on a dark desktop")
-    apart(program)
     draw(program, LONG)
     wait(lambda: sum(program.counts()) == LONG, "all coups drawn", 120)
     program.back()
@@ -341,8 +317,6 @@ desk.own_session()
 desk.open_screen(1280, 1024)
 easy = desk.Program(sys.argv[1])
 spoken(easy, easy.main)
-explained(easy)
-apart(easy)
 uncut(easy)
 tab_stops(easy)
 entered = coups_by_hand(easy)

@@ -152,16 +152,6 @@ TEST_F(CellsTest, LabelsThatFaceEachOtherShrinkTogether) {
     }
 }
 
-TEST(StyleTest, SpeaksGermanAndStaysLightEverywhere) {
-    QLocale::setDefault(QLocale::c());
-    QApplication::setPalette(QPalette(Qt::black));
-    look::applyStyle(*qApp);
-    EXPECT_EQ(QLocale().toString(12.5), QStringLiteral("12,5"));
-    EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("Abbrechen"));
-    EXPECT_GT(QApplication::palette().color(QPalette::Window).lightness(), 230);
-    EXPECT_EQ(QApplication::palette().color(QPalette::ButtonText), QColor(Qt::black));
-}
-
 TEST_F(CellsTest, AScreenReaderHearsAndPressesTheCells) {
     auto* group = QAccessible::queryAccessibleInterface(pad);
     auto* table = QAccessible::queryAccessibleInterface(tableau);

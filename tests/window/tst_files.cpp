@@ -117,22 +117,4 @@ TEST_F(FilesTest, ReplacedFileKeepsModeAndLinks) {
     EXPECT_EQ(fs::status(at("sub/a.txt")).permissions(), fs::perms{0640});
 }
 
-TEST_F(FilesTest, RefusesWhatIsNoRegularFileAndNeverWaits) {
-    ASSERT_EQ(::mkfifo(at("fifo").c_str(), 0600), 0);
-    std::error_code error;
-    for (const auto& [name, expected] :
-        {std::pair(at("fifo"), std::errc::not_supported), {"/dev/zero", std::errc::not_supported},
-            {folder.string(), std::errc::is_a_directory}}) {
-        EXPECT_FALSE(files.open(name, error)) << name;
-        EXPECT_EQ(error, expected) << name;
-        EXPECT_EQ(save(name, "x"), expected) << name;
-    }
-    EXPECT_TRUE(files.exists(at("fifo")) && !files.exists(at("nothing")));
-    const auto writer = files.create(at("b"), error);
-    ASSERT_TRUE(writer);
-    fs::create_directory(at("b")); // meanwhile
-    EXPECT_EQ(writer->commit(), std::errc::is_a_directory);
-    EXPECT_EQ(names(), (std::set<std::string>{"b", "fifo"}));
-}
-
 } // namespace

@@ -19,7 +19,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -76,21 +75,6 @@ TEST_F(WindowsTest, EscAndClosingTheProgressDialogCancelTheRun) {
             EXPECT_EQ(stage.program.Frm_Progressbar.Abbruch, mayCancel && way > 0 ? 1 : 0) << way;
             progress::Form_Unload(stage.program);
         }
-}
-
-TEST_F(WindowsTest, TheBarFollowsTheModelAndIsEmptyWithoutATotal) {
-    progress::show(stage.program, 0, true);
-    window::ProgressWindow dialog(session, nullptr);
-    EXPECT_EQ(dialog.size(), QSize(339, 71));
-    expectPlaces(dialog, plan::Progress);
-    const auto& bar = *find<QProgressBar>(dialog, Name::xpProgress);
-    EXPECT_LT(bar.minimum(), bar.maximum()) << "equal ends would make it run for ever";
-    EXPECT_EQ(bar.value(), bar.minimum());
-    stage.program.Frm_Progressbar.xpProgress = {40, 23};
-    progress::report(stage.program, 63, 40, 23);
-    dialog.refresh();
-    EXPECT_EQ(bar.value() * 40, bar.maximum() * 23);
-    EXPECT_EQ(find<QLabel>(dialog, Name::Lbl_Status)->text(), " Status: Berechne 63 / 40 (57 %)");
 }
 
 TEST_F(WindowsTest, EveryWayOutOfTheInfoDialogIsOk) {

@@ -16,7 +16,6 @@
 #include <new>
 #include <thread>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -154,23 +153,15 @@ TEST_F(SoundTest, PlaysToItsEndGivesTheOutputBackAndPlaysAgain) {
 }
 
 TEST_F(SoundTest, TheLastCommandBeforeOpeningIsDoneWins) {
-    {
-        desktop::SoundDevice device(setup);
-        device.play(0);
-        device.open(melody(), "Sequencer");
-        device.play(0);
-        device.stop();
-        std::this_thread::sleep_for(500ms);
-        EXPECT_FALSE(fs::exists(setup.waveFile));
-        device.play(0);
-        EXPECT_TRUE(eventually([&] { return !onsets().empty(); }));
-    }
-    for (int moment = 0; moment < 20; ++moment) { // ending at any moment is safe
-        desktop::SoundDevice device(setup);
-        device.open(melody(), "Sequencer");
-        device.play(0);
-        std::this_thread::sleep_for(moment * 3ms);
-    }
+    desktop::SoundDevice device(setup);
+    device.play(0);
+    device.open(melody(), "Sequencer");
+    device.play(0);
+    device.stop();
+    std::this_thread::sleep_for(500ms);
+    EXPECT_FALSE(fs::exists(setup.waveFile));
+    device.play(0);
+    EXPECT_TRUE(eventually([&] { return !onsets().empty(); }));
 }
 
 TEST_F(SoundTest, MemoryThatFailsItMakesItSilent) {
@@ -182,22 +173,6 @@ TEST_F(SoundTest, MemoryThatFailsItMakesItSilent) {
     starved = false;
     device.stop();
     EXPECT_FALSE(fs::exists(setup.waveFile));
-}
-
-TEST_F(SoundTest, AStuckOutputHoldsNobodyUp) {
-    setup.waveFile = (folder / "stuck").string();
-    ASSERT_EQ(::mkfifo(setup.waveFile.c_str(), 0600), 0);
-    const auto start = steady_clock::now();
-    {
-        desktop::SoundDevice device(setup);
-        device.open(melody(), "Sequencer");
-        device.play(0);
-        EXPECT_LT(steady_clock::now() - start, 10s) << "the caller waits for the output";
-        std::this_thread::sleep_for(200ms);
-    }
-    EXPECT_LT(steady_clock::now() - start, 20s);
-    // Lets the thread that was left behind go its way, with a reader to the end of the process.
-    EXPECT_GE(::open(setup.waveFile.c_str(), O_RDONLY | O_NONBLOCK), 0);
 }
 
 TEST_F(SoundTest, IsSilentWithoutAWordWhateverIsMissing) {
