@@ -6,6 +6,7 @@
 #include "look/text.h"
 
 #include <QAbstractItemView>
+#include <QCompleter>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -91,6 +92,16 @@ protected:
         const bool replaces = acceptMode() == AcceptSave && QFileInfo(chosen()).isFile();
         if (!replaces || mayReplace(chosen()))
             QFileDialog::accept();
+    }
+
+    /// A list of proposals that came up now would keep the window behind from being active again.
+    void done(int result) override {
+        if (auto* line = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            line != nullptr && line->completer() != nullptr) {
+            line->completer()->popup()->hide();
+            line->setCompleter(nullptr);
+        }
+        QFileDialog::done(result);
     }
 
 private:
