@@ -18,7 +18,9 @@ namespace window {
 namespace plan = forms::plan;
 
 StartWindow::StartWindow(const Session& session)
-    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), session_(session) {
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), session_(session) {
+    // A splash by its flags would not tell X11 that it has no frame, and some desktops draw one.
+    setAttribute(Qt::WA_X11NetWmWindowTypeSplash);
     setWindowTitle(look::toText(plan::MainCaption));
     setWindowIcon(look::programIcon());
     setFixedSize(look::toPixels(plan::StartClient).size());
