@@ -9,7 +9,7 @@ docs=$root/docs
 need xvfb openbox xdotool imagemagick pngquant
 
 work=$(mktemp -d)
-trap 'jobs -p | xargs -r kill; rm -rf "$work"' EXIT
+trap 'jobs -p | xargs -r kill 2>/dev/null || true; rm -rf "$work"' EXIT
 exec 9<>"$work/display"
 Xvfb -displayfd 9 -noreset -nolisten tcp -screen 0 1100x850x24 2>/dev/null &
 until [ -s "$work/display" ]; do sleep 0.1; done
@@ -18,6 +18,7 @@ export DISPLAY HOME=$work QT_SCALE_FACTOR=1
 unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 openbox 2>/dev/null &
 "$program" &
+sleep 3 # the splash bears the same name
 window=$(xdotool search --sync --onlyvisible --name 'Kestrelwood Beta' | head -n 1)
 xdotool windowactivate --sync "$window"
 
