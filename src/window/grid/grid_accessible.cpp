@@ -17,10 +17,6 @@ namespace {
 // Enough for several screens of cells; a reader that walks further gets fresh ones.
 constexpr qsizetype MaxCells = 4096;
 
-int narrowed(std::int64_t number) {
-    return static_cast<int>(std::min<std::int64_t>(number, std::numeric_limits<int>::max()));
-}
-
 } // namespace
 
 QAccessibleInterface* gridAccessible(const QString& /*className*/, QObject* object) {

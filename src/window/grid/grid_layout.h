@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,11 @@ struct GridLayout {
 
     std::vector<Column> columns;
     bool lines = false;
+
+    /// Rows that show, at least in part, in a view of this height, its header included.
+    static int rowsIn(int height) {
+        return std::max(1, (height - HeaderHeight + RowHeight - 1) / RowHeight);
+    }
 
     int width() const { return columns.empty() ? 0 : columns.back().right; }
 
@@ -56,6 +62,11 @@ inline GridLayout layoutOf(const controls::Grid& grid) {
         left = right;
     }
     return layout;
+}
+
+/// A count of rows or cells for those parts of the toolkit that count in 32 bits.
+inline int narrowed(std::int64_t count) {
+    return static_cast<int>(std::clamp<std::int64_t>(count, 0, std::numeric_limits<int>::max()));
 }
 
 /// Top rows, counted from 0 to `last`, on a scroll bar that holds 32 bits. Up to a thousand million

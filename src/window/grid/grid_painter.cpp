@@ -51,8 +51,8 @@ void GridPainter::paint(QPainter& painter, const QRect& area, const QRect& clip,
     adopt(grid, layout, look::DeviceEdges(painter));
 
     const std::int64_t left = std::max<std::int64_t>(0, grid.RowCount() - top);
-    const int room = area.height() - GridLayout::HeaderHeight + GridLayout::RowHeight - 1;
-    const int rows = static_cast<int>(std::min<std::int64_t>(left, room / GridLayout::RowHeight));
+    const int rows
+        = static_cast<int>(std::min<std::int64_t>(left, GridLayout::rowsIn(area.height())));
     const int from = std::max(0, (clip.top() - GridLayout::HeaderHeight) / GridLayout::RowHeight);
     const int to = std::min(
         rows, std::max(0, clip.bottom() - GridLayout::HeaderHeight) / GridLayout::RowHeight + 1);

@@ -16,8 +16,6 @@
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
 
-#include <limits>
-
 namespace window {
 
 namespace {
@@ -152,7 +150,8 @@ void GridView::adoptScrollBar() {
 
 GridView::Shown GridView::look() const {
     Shown now{top_, grid_.RowCount(), grid_.generation(), {}};
-    const std::int64_t end = std::min<std::int64_t>(now.rows, top_ + roomForRows());
+    const std::int64_t end
+        = std::min<std::int64_t>(now.rows, top_ + GridLayout::rowsIn(viewport()->height()));
     for (std::int64_t row = top_; row < end; ++row)
         now.patterns.push_back(grid_.patternOf(row + 1));
     return now;
@@ -184,9 +183,6 @@ void GridView::announce(std::int64_t rowsBefore, bool contentChanged) const {
     if (!QAccessible::isActive() || (rowsBefore == grid_.RowCount() && !contentChanged))
         return;
     const std::int64_t rows = grid_.RowCount();
-    const auto narrowed = [](std::int64_t row) {
-        return static_cast<int>(std::clamp<std::int64_t>(row, 0, std::numeric_limits<int>::max()));
-    };
     using Change = QAccessibleTableModelChangeEvent;
     Change change(const_cast<GridView*>(this), Change::DataChanged);
     if (rows != rowsBefore) {
@@ -199,11 +195,6 @@ void GridView::announce(std::int64_t rowsBefore, bool contentChanged) const {
 
 int GridView::fullRows() const {
     return std::max(1, (viewport()->height() - GridLayout::HeaderHeight) / GridLayout::RowHeight);
-}
-
-int GridView::roomForRows() const {
-    const int height = viewport()->height() - GridLayout::HeaderHeight;
-    return std::max(1, (height + GridLayout::RowHeight - 1) / GridLayout::RowHeight);
 }
 
 std::int64_t GridView::lastTop() const {
@@ -222,7 +213,9 @@ QRect GridView::cellRect(std::int64_t row, int column) const {
     const QRect across(place.left, 0, place.right - place.left, GridLayout::HeaderHeight);
     if (row < 0)
         return across;
-    if (row < top_ || row >= std::min<std::int64_t>(grid_.RowCount(), top_ + roomForRows()))
+    if (row < top_
+        || row >= std::min<std::int64_t>(
+               grid_.RowCount(), top_ + GridLayout::rowsIn(viewport()->height())))
         return {};
     const QRect whole = rowRect(static_cast<int>(row - top_));
     return {across.left(), whole.top(), across.width(), whole.height()};

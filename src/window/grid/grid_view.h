@@ -72,7 +72,6 @@ private:
     void announce(std::int64_t rowsBefore, bool contentChanged) const;
     void stepBar(int action);
     std::int64_t lastTop() const;
-    int roomForRows() const;
     Shown look() const;
     QRect rowRect(int index) const;
 
