@@ -36,26 +36,10 @@ install(DIRECTORY ${data}/icons/hicolor DESTINATION ${CMAKE_INSTALL_DATADIR}/ico
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}
     FILES_MATCHING PATTERN handbuch.md PATTERN *.png)
 
-# Compressed without name and time, so that the same sources give the same bytes.
-find_program(GZIP gzip REQUIRED)
-set(compressed)
-function(compress source target)
-    add_custom_command(
-        OUTPUT ${target}
-        COMMAND ${GZIP} -9nc ${source} > ${target}
-        DEPENDS ${source}
-        VERBATIM)
-    set(compressed ${compressed} ${target} PARENT_SCOPE)
-endfunction()
-
 foreach(language "" de)
     configure_file(${data}/man/${language}/kestrelwood.1.in ${made}/${language}/kestrelwood.1 @ONLY)
-    compress(${made}/${language}/kestrelwood.1 ${made}/${language}/kestrelwood.1.gz)
-    install(FILES ${made}/${language}/kestrelwood.1.gz
+    install(FILES ${made}/${language}/kestrelwood.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/${language}/man1)
 endforeach()
 
-compress(${data}/debian/changelog ${made}/changelog.gz)
-install(FILES ${data}/debian/copyright ${made}/changelog.gz
-    DESTINATION ${CMAKE_INSTALL_DOCDIR})
-add_custom_target(install_files ALL DEPENDS ${compressed})
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})

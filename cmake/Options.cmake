@@ -20,7 +20,5 @@ if(KESTRELWOOD_SANITIZE)
         -fsanitize=${KESTRELWOOD_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(kestrelwood_options INTERFACE -fsanitize=${KESTRELWOOD_SANITIZE})
 else()
-    target_compile_options(kestrelwood_options INTERFACE
-        -fstack-protector-strong $<$<CONFIG:Release,RelWithDebInfo>:-D_FORTIFY_SOURCE=2>)
-    target_link_options(kestrelwood_options INTERFACE LINKER:-z,relro,-z,now)
+    include(Hardening)
 endif()

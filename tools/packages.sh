@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Sourced by the commands: brings the Debian packages that are still missing.
+# shellcheck shell=sh disable=SC2034 # the lists are for those who source this
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev qt6-translations-l10n
     libfluidsynth-dev timgm6mb-soundfont fonts-liberation2"
@@ -7,7 +8,7 @@ test_packages="libgtest-dev desktop-file-utils appstream mandoc abcmidi"
 check_packages="clang-format clang-tidy clang libclang-rt-14-dev"
 trial_packages="xvfb openbox xdotool wmctrl x11-utils x11-xkb-utils imagemagick dbus at-spi2-core
     python3-pyatspi python3-numpy gir1.2-atspi-2.0 fonts-dejavu-core qt6-gtk-platformtheme"
-package_packages="lintian file dpkg-dev debootstrap"
+package_packages="dpkg-dev debhelper lintian"
 
 # need PACKAGE...: installs those that aren't there, with sudo where that takes it.
 need() {

@@ -5,7 +5,7 @@
 # of the full-bleed pictures: the program ripples and stretches those as plain 24 bit RGB.
 set -eu
 
-data=$(CDPATH= cd -- "$(dirname -- "$0")/../data" && pwd)
+data=$(CDPATH='' cd -- "$(dirname -- "$0")/../data" && pwd)
 art=$data/art
 name=de.kestrelwood.kestrelwood
 
