@@ -1,12 +1,18 @@
 # SPDX-License-Identifier: MIT
-# What makes a fault harder to exploit, as far as compiler and linker know it, where an optimized
-# build type asks for it. Distributions build without a type and bring such flags themselves.
+# What makes a fault harder to exploit, as far as compiler and linker know it. Flags wait for an
+# optimized build type: distributions build without a type and bring such flags themselves.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
+include(CheckPIESupported)
 set(hardened $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 
-foreach(flag -Wformat -Werror=format-security -fstack-protector-strong -fstack-clash-protection
-        -fcf-protection -fPIE)
+# A program at any address; what is hidden is as quick to call as at a fixed one.
+check_pie_supported(LANGUAGES CXX)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+foreach(flag -fstack-protector-strong -fstack-clash-protection -fcf-protection)
     string(MAKE_C_IDENTIFIER KESTRELWOOD_KNOWS${flag} known)
     check_cxx_compiler_flag(${flag} ${known})
     if(${known})
@@ -18,13 +24,7 @@ if(NOT CMAKE_CXX_FLAGS MATCHES _FORTIFY_SOURCE)
     target_compile_options(kestrelwood_options INTERFACE
         $<${hardened}:-U_FORTIFY_SOURCE> $<${hardened}:-D_FORTIFY_SOURCE=2>)
 endif()
-
-set(CMAKE_REQUIRED_FLAGS -fPIE)
-foreach(flag -pie LINKER:-z,relro LINKER:-z,now)
-    string(MAKE_C_IDENTIFIER KESTRELWOOD_KNOWS${flag} known)
-    check_linker_flag(CXX ${flag} ${known})
-    if(${known})
-        target_link_options(kestrelwood_options INTERFACE $<${hardened}:${flag}>)
-    endif()
-endforeach()
-unset(CMAKE_REQUIRED_FLAGS)
+check_linker_flag(CXX LINKER:-z,relro,-z,now KESTRELWOOD_KNOWS_relro_now)
+if(KESTRELWOOD_KNOWS_relro_now)
+    target_link_options(kestrelwood_options INTERFACE $<${hardened}:LINKER:-z,relro,-z,now>)
+endif()

@@ -4,7 +4,7 @@ add_library(kestrelwood_options INTERFACE)
 target_compile_features(kestrelwood_options INTERFACE cxx_std_20)
 target_compile_options(kestrelwood_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Wformat-security
     $<$<BOOL:${KESTRELWOOD_WERROR}>:-Werror>)
 
 # Plain doubles, and files of any size and number, on machines of 32 bits too.
