@@ -216,6 +216,14 @@ class Program:
     def text(self, node=None):
         return (node or self.focused()).queryText().getText(0, -1)
 
+    def answer(self, text):
+        """Types into what has the focus and confirms it once all of it has arrived."""
+        wait(self.focused, "a box to type into")
+        keys("ctrl+a")
+        type_text(text)
+        wait(lambda: self.text() == text, f"“{text}” in the box")
+        keys("Return")
+
     def ends(self, patience=PATIENCE):
         """The program ends by itself, in time, well and without a word."""
         wait(lambda: self.process.poll() is not None, "the end of the program", patience)

@@ -173,15 +173,6 @@ def menu(program, letter, done):
     wait(again, f"the menu's entry {letter}")
 
 
-def answer(program, text):
-    """Types into what has the focus and confirms it once all of it has arrived."""
-    wait(program.focused, "a box to type into")
-    keys("ctrl+a")
-    type_text(text)
-    wait(lambda: program.text() == text, f"“{text}” in the box")
-    keys("Return")
-
-
 def told(program, title, key):
     """A dialog that is looked at by a screen reader and left again."""
     spoken(program, program.front(title))
@@ -194,7 +185,7 @@ def marking(program, coups):
         for value in ("1001", "1"):
             keys("space")
             spoken(program, program.front(f"Pleins {ways} markieren!"))
-            answer(program, value)
+            program.answer(value)
             if value == "1001":
                 told(program, "Fehler", "Return")
             program.back()
@@ -214,7 +205,7 @@ def files(program, coups):
         program.back()
     menu(program, "s", lambda: program.active() != program.main)
     program.front("Permanenz speichern")
-    answer(program, name)
+    program.answer(name)
     program.back()
     with open(name, "rb") as file:
         check(file.read() == b"".join(b" %d \r\n" % coup for coup in coups), "the file's bytes")
@@ -222,7 +213,7 @@ def files(program, coups):
     consistent(program, [])
     keys("alt+l")
     program.front("Permanenz laden")
-    answer(program, name)
+    program.answer(name)
     consistent(program, coups)
     keys("ctrl+o")
     told(program, "Permanenz laden", "Escape")
