@@ -22,3 +22,8 @@ if(KESTRELWOOD_SANITIZE)
 else()
     include(Hardening)
 endif()
+
+if(WIN32)
+    # One program file, which needs nothing beside it.
+    target_link_options(kestrelwood_options INTERFACE -static -fstack-protector-strong)
+endif()

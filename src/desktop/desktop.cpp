@@ -28,7 +28,6 @@ void Events::paint() {
 
 RealPlatform::RealPlatform(std::function<void()> refresh, std::function<QWidget*()> activeWindow)
     : events_(std::move(refresh)), dialogs_(std::move(activeWindow)),
-      sound_(SoundSetup::ofThisComputer()), platform_{events_, dialogs_, files_, clock_, sound_,
-                                                registry_, processes_} { }
+      platform_{events_, dialogs_, files_, clock_, *sound_, registry_, processes_} { }
 
 } // namespace desktop

@@ -2,9 +2,10 @@
 // The real surroundings, all in one.
 #pragma once
 
+#include "desktop/clock.h"
 #include "desktop/dialogs.h"
-#include "desktop/linux/sound_device.h"
-#include "desktop/linux/system.h"
+#include "desktop/surroundings.h"
+#include "desktop/system.h"
 
 #include <functional>
 
@@ -39,7 +40,7 @@ private:
     Dialogs dialogs_;
     Files files_;
     Clock clock_;
-    SoundDevice sound_;
+    std::unique_ptr<platform::MediaDevice> sound_ = system::newSoundDevice();
     Registry registry_;
     Processes processes_;
     platform::Platform platform_;

@@ -5,7 +5,7 @@
 //   files_trial load FILE                loads; prints how many coups there are, and their sum
 //
 // Every message that a user would see is printed.
-#include "desktop/linux/system.h"
+#include "desktop/surroundings.h"
 #include "support/stage.h"
 
 #include <iostream>

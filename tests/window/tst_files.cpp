@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Files under real conditions: what is refused, what a replaced file keeps, what a failure leaves.
-#include "desktop/linux/system.h"
+#include "desktop/surroundings.h"
 
 #include <gtest/gtest.h>
 

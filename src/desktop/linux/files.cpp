@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reading files without ever waiting for one, and replacing them so that no moment loses data.
-#include "desktop/linux/system.h"
+#include "desktop/system.h"
 
-#include <QCursor>
-#include <QGuiApplication>
-
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <chrono>
@@ -21,7 +19,6 @@ namespace desktop {
 
 namespace {
 
-constexpr std::size_t BufferSize = std::size_t{256} * 1024;
 constexpr int MostLinks = 40;
 constexpr int MostNames = 100;
 constexpr mode_t AnyWritePermission = S_IWUSR | S_IWGRP | S_IWOTH;
@@ -127,25 +124,6 @@ std::string temporaryName() {
     return ".kestrelwood-" + std::string(digits.data(), end);
 }
 
-/// The pointer of a program that is at work and serves no event. There is none without a screen.
-class BusyPointer {
-public:
-    BusyPointer()
-        : shown_(qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr) {
-        if (shown_)
-            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-    ~BusyPointer() {
-        if (shown_)
-            QGuiApplication::restoreOverrideCursor();
-    }
-
-private:
-    bool shown_;
-};
-
 /// Writes a temporary file in the target's folder, which commit() renames to the target.
 /// Names are looked up in the open folder, so that a renamed folder does no harm.
 class SafeWriter final : public platform::Writer {
@@ -172,20 +150,19 @@ public:
     }
 
     std::error_code write(std::string_view bytes) override {
-        if (buffer_.size() + bytes.size() > BufferSize) {
-            flush();
-            if (bytes.size() >= BufferSize) {
-                writeOut(bytes);
-                return error_;
+        while (!error_ && !bytes.empty()) {
+            const ssize_t count
+                = unbroken([&] { return ::write(file_.get(), bytes.data(), bytes.size()); });
+            if (count < 0) {
+                error_ = failure(errno);
+            } else {
+                bytes.remove_prefix(static_cast<std::size_t>(count));
             }
         }
-        if (!error_)
-            buffer_.append(bytes);
         return error_;
     }
 
     std::error_code commit() override {
-        flush();
         if (!error_ && unbroken([&] { return ::fsync(file_.get()); }) != 0) {
             error_ = failure(errno);
         }
@@ -207,7 +184,6 @@ public:
     }
 
 private:
-    const BusyPointer busy_;
     /// The missing write permission counts for root as well: such a file is meant to stay.
     std::error_code replaceable(const struct stat& old) const {
         if (const std::error_code error = regular(old))
@@ -253,23 +229,6 @@ private:
         }
     }
 
-    void flush() {
-        writeOut(buffer_);
-        buffer_.clear();
-    }
-
-    void writeOut(std::string_view bytes) {
-        while (!error_ && !bytes.empty()) {
-            const ssize_t count
-                = unbroken([&] { return ::write(file_.get(), bytes.data(), bytes.size()); });
-            if (count < 0) {
-                error_ = failure(errno);
-            } else {
-                bytes.remove_prefix(static_cast<std::size_t>(count));
-            }
-        }
-    }
-
     void discard() {
         file_.close();
         if (!temporary_.empty()) {
@@ -282,18 +241,14 @@ private:
     Descriptor file_;
     std::string name_; ///< of the target, in its folder
     std::string temporary_; ///< of the file being written; empty once there is none
-    std::string buffer_;
     std::error_code error_; ///< the first failure, which every later call repeats
 };
 
 } // namespace
 
-Files::Files() {
-    std::signal(SIGXFSZ, SIG_IGN);
-}
+namespace system {
 
-std::unique_ptr<platform::Reader> Files::open(
-    const platform::FileName& name, std::error_code& error) {
+std::unique_ptr<platform::Reader> readFile(const platform::FileName& name, std::error_code& error) {
     struct stat status { };
     // Looked at before it is opened, because opening alone can wake a device.
     if (::stat(name.c_str(), &status) != 0) {
@@ -314,8 +269,9 @@ std::unique_ptr<platform::Reader> Files::open(
     return error ? nullptr : std::make_unique<FileReader>(std::move(file));
 }
 
-std::unique_ptr<platform::Writer> Files::create(
+std::unique_ptr<platform::Writer> replaceFile(
     const platform::FileName& name, std::error_code& error) {
+    std::signal(SIGXFSZ, SIG_IGN); // a write beyond the process's own size limit is but an error
     error.clear();
     const std::filesystem::path target = destination(name, error);
     auto writer = std::make_unique<SafeWriter>();
@@ -326,13 +282,6 @@ std::unique_ptr<platform::Writer> Files::create(
     return writer;
 }
 
-bool Files::exists(const platform::FileName& name) {
-    struct stat status { };
-    return ::stat(name.c_str(), &status) == 0;
-}
-
-platform::FileName Files::programFolder() {
-    return QCoreApplication::applicationDirPath().toStdString();
-}
+} // namespace system
 
 } // namespace desktop

@@ -2,7 +2,7 @@
 // Plays a MIDI melody on a thread of its own, in silence whatever goes wrong.
 #include "desktop/linux/sound_device.h"
 
-#include "desktop/linux/system.h"
+#include "desktop/system.h"
 
 #include <QLibrary>
 
@@ -72,8 +72,7 @@ void silently(Work work) {
 
 std::string contents(const platform::FileName& name) {
     std::error_code error;
-    Files files;
-    const std::unique_ptr<platform::Reader> reader = files.open(name, error);
+    const std::unique_ptr<platform::Reader> reader = system::readFile(name, error);
     std::string bytes;
     std::array<char, 4096> block{};
     while (reader && !error && bytes.size() <= LargestMelody) {
@@ -391,6 +390,10 @@ void SoundDevice::play(std::int32_t position) {
 void SoundDevice::stop() {
     if (worker_)
         worker_->stop();
+}
+
+std::unique_ptr<platform::MediaDevice> system::newSoundDevice() {
+    return std::make_unique<SoundDevice>(SoundSetup::ofThisComputer());
 }
 
 } // namespace desktop

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Clocks, other programs, and what stands for the registry.
-#include "desktop/linux/system.h"
+// Clock, memory, and what stands for the registry.
+#include "desktop/system.h"
 
 #include "info/system_info.h"
-#include "look/style.h"
-#include "look/text.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QString>
 
@@ -18,53 +14,17 @@
 
 namespace desktop {
 
-namespace {
-
-constexpr std::int64_t SecondsPerDay = std::int64_t{24} * 60 * 60;
-constexpr std::int64_t SecondsPerQuarterHour = std::int64_t{15} * 60;
-constexpr double SecondsPerNanosecond = 1e-9;
-
-} // namespace
-
-std::chrono::nanoseconds Clock::now() {
-    return std::chrono::steady_clock::now().time_since_epoch();
-}
-
-std::chrono::nanoseconds Clock::coarse() {
+std::chrono::nanoseconds system::coarseTime() {
     std::timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
     return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
-double Clock::secondsSinceMidnight() {
-    // The water asks twice per cell, and the time zone is by far the dearest part of the answer.
-    // Local time is changed on full quarters of an hour only, so one look at it serves till then.
-    std::timespec now{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
-    const std::int64_t quarterHour = now.tv_sec / SecondsPerQuarterHour;
-    if (quarterHour != quarterHour_) {
-        std::tm local{};
-        if (::localtime_r(&now.tv_sec, &local) != nullptr)
-            secondsAhead_ = local.tm_gmtoff;
-        quarterHour_ = quarterHour;
-    }
-    const std::int64_t second = (now.tv_sec + secondsAhead_ + SecondsPerDay) % SecondsPerDay;
-    return static_cast<double>(second) + static_cast<double>(now.tv_nsec) * SecondsPerNanosecond;
-}
-
-bool Processes::start(const platform::FileName& program) {
-    QProcess process;
-    process.setProgram(look::toText(program));
-    // What the other program prints isn't ours to show.
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    return process.startDetached();
-}
-
-std::uint64_t Processes::memoryLeft() {
+std::uint64_t system::memoryLeft() {
+    constexpr auto Unlimited = std::numeric_limits<std::uint64_t>::max();
     QFile info(QStringLiteral("/proc/meminfo"));
     if (!info.open(QIODevice::ReadOnly))
-        return platform::Processes::memoryLeft();
+        return Unlimited;
     std::uint64_t kibibytes = 0;
     bool known = false;
     const QList<QByteArray> lines = info.readAll().split('\n');
@@ -73,16 +33,13 @@ std::uint64_t Processes::memoryLeft() {
             kibibytes += line.simplified().split(' ').value(1).toULongLong();
             known = true;
         }
-    return known ? kibibytes * 1024 : platform::Processes::memoryLeft();
-}
-
-void Processes::end() {
-    // Leaves all event loops, those of modal dialogs too, each after the event it is serving.
-    QCoreApplication::exit(0);
+    return known ? kibibytes * 1024 : Unlimited;
 }
 
 namespace {
 
+// One key, "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO" below the machine's root, if a program that
+// shows the computer's system information is installed; its value "PATH" is that program.
 constexpr platform::Registry::Key OnlyKey = 1;
 
 /// Programs that show the system's information when started without arguments or privileges. Those
