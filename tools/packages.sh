@@ -8,6 +8,7 @@ test_packages="libgtest-dev desktop-file-utils appstream mandoc abcmidi"
 check_packages="clang-format clang-tidy clang libclang-rt-14-dev"
 trial_packages="xvfb openbox xdotool wmctrl x11-utils x11-xkb-utils imagemagick dbus at-spi2-core
     python3-pyatspi python3-numpy gir1.2-atspi-2.0 fonts-dejavu-core qt6-gtk-platformtheme"
+windows_packages="g++-mingw-w64-x86-64-posix wine wine64 zip"
 package_packages="dpkg-dev debhelper lintian"
 
 # need PACKAGE...: installs those that aren't there, with sudo where that takes it.

@@ -31,6 +31,11 @@ for size in 16 22 24 32 48 64 128 256; do
     mkdir -p "$dir"
     rsvg-convert --width "$size" --height "$size" "$art/$source" --output "$dir/$name.png"
 done
+set --
+for size in 16 24 32 48 64 256; do
+    set -- "$@" "$data/icons/hicolor/${size}x$size/apps/$name.png"
+done
+convert "$@" "$data/windows/kestrelwood.ico"
 mkdir -p "$data/icons/hicolor/scalable/apps" "$data/pictures"
 cp "$art/symbol.svg" "$data/icons/hicolor/scalable/apps/$name.svg"
 

@@ -174,6 +174,7 @@ private:
 Dialogs::Dialogs(std::function<QWidget*()> activeWindow) : activeWindow_(std::move(activeWindow)) {
     // The file dialog would write its size and places to a settings file in the user's home. This
     // program keeps no settings, so the toolkit is sent where it can neither read nor write any.
+    // (On Windows, which has no such place, it is built without: packaging/windows/build.sh.)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 

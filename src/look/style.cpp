@@ -68,9 +68,13 @@ QPalette lightPalette() {
 void speakGerman(QApplication& application) {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* translator = new QTranslator(&application);
-    if (translator->load(
-            QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(translator);
+    // Within the program where it was linked whole, else where the toolkit has its own.
+    for (const QString& folder :
+        {QStringLiteral(":/translations"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)})
+        if (translator->load(QStringLiteral("qtbase_de"), folder)) {
+            QCoreApplication::installTranslator(translator);
+            return;
+        }
 }
 
 /// Buttons of the toolkit's dialogs bear text only, like all others.
@@ -112,7 +116,7 @@ QColor toColor(controls::Color color) {
 
 QFont toFont(const forms::plan::Font& font) {
     QFont result;
-    result.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"),
+    result.setFamilies({QStringLiteral("Microsoft Sans Serif"), QStringLiteral("MS Sans Serif"),
         QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
     result.setStyleHint(QFont::SansSerif); // where none of them is installed
     // 72 points and 96 pixels to the inch.
