@@ -27,7 +27,8 @@ void Events::paint() {
 }
 
 RealPlatform::RealPlatform(std::function<void()> refresh, std::function<QWidget*()> activeWindow)
-    : events_(std::move(refresh)), dialogs_(std::move(activeWindow)),
-      platform_{events_, dialogs_, files_, clock_, *sound_, registry_, processes_} { }
+    : events_(std::move(refresh)),
+      dialogs_(std::move(activeWindow)), platform_{events_, dialogs_, files_, clock_, *sound_,
+                                             registry_, processes_} { }
 
 } // namespace desktop

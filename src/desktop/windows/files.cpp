@@ -68,7 +68,7 @@ public:
     bool valid() const { return value_ != INVALID_HANDLE_VALUE; }
     HANDLE get() const { return value_; }
     std::error_code close() {
-        const HANDLE value = std::exchange(value_, INVALID_HANDLE_VALUE);
+        auto* const value = std::exchange(value_, INVALID_HANDLE_VALUE);
         return errorUnless(value == INVALID_HANDLE_VALUE || ::CloseHandle(value) != 0);
     }
 
@@ -137,8 +137,8 @@ public:
         while (!error_ && !bytes.empty()) {
             const auto most = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), LargestBlock));
             DWORD count = 0;
-            error_ = errorUnless(
-                ::WriteFile(file_.get(), bytes.data(), most, &count, nullptr) != 0);
+            error_
+                = errorUnless(::WriteFile(file_.get(), bytes.data(), most, &count, nullptr) != 0);
             bytes.remove_prefix(count);
         }
         return error_;
