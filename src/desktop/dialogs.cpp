@@ -84,7 +84,7 @@ public:
     std::optional<platform::FileName> ask() {
         if (exec() != Accepted || chosen().isEmpty())
             return std::nullopt;
-        return chosen().toStdString();
+        return QDir::toNativeSeparators(chosen()).toStdString();
     }
 
 protected:
