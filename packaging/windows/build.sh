@@ -16,9 +16,12 @@ name=kestrelwood-$version-windows
 # step WHAT COMMAND...: says what it does and how long it took; the command's own words go to a log.
 step() {
     printf '%s ... ' "$1"
-    local from=$SECONDS
-    "${@:2}" >>"$log" 2>&1 & # where the first failure ends a function, as it wouldn't in an "if"
-    if ! wait $!; then
+    local from=$SECONDS failed
+    set +e # not in an "if", where a function would go on after a failure
+    (set -e && "${@:2}") >>"$log" 2>&1
+    failed=$?
+    set -e
+    if [ "$failed" != 0 ]; then
         echo "failed. The end of $log:"
         tail -n 40 "$log"
         exit 1

@@ -5,7 +5,7 @@
 //   randomness DRAWS [REPEATS [SEED]]
 //
 // Each series is drawn twice: at the clock's real speed and with a clock that stands still.
-#include "desktop/linux/system.h"
+#include "desktop/clock.h"
 #include "support/stage.h"
 
 #include <array>
