@@ -12,7 +12,11 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-foreach(flag -fstack-protector-strong -fstack-clash-protection -fcf-protection)
+set(flags -fstack-protector-strong -fcf-protection)
+if(NOT WIN32) # where every stack is probed anyway, and the compiler fails over this flag
+    list(APPEND flags -fstack-clash-protection)
+endif()
+foreach(flag IN LISTS flags)
     string(MAKE_C_IDENTIFIER KESTRELWOOD_KNOWS${flag} known)
     check_cxx_compiler_flag(${flag} ${known})
     if(${known})
