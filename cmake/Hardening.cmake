@@ -9,11 +9,10 @@ set(hardened $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 # A program at any address; what is hidden is as quick to call as at a fixed one.
 check_pie_supported(LANGUAGES CXX)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_CXX_VISIBILITY_PRESET hidden)
-set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
-
 set(flags -fstack-protector-strong -fcf-protection)
-if(NOT WIN32) # where every stack is probed anyway, and the compiler fails over this flag
+if(NOT WIN32) # where all is hidden and every stack is probed anyway
+    set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+    set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
     list(APPEND flags -fstack-clash-protection)
 endif()
 foreach(flag IN LISTS flags)
