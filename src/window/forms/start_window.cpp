@@ -18,7 +18,8 @@ namespace window {
 namespace plan = forms::plan;
 
 StartWindow::StartWindow(const Session& session)
-    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), session_(session) {
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus),
+      session_(session) {
     // A splash by its flags would not tell X11 that it has no frame, and some desktops draw one.
     setAttribute(Qt::WA_X11NetWmWindowTypeSplash);
     setWindowTitle(look::toText(plan::MainCaption));
